@@ -1,0 +1,28 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+# What every target of ours has in common: language level, warnings, sanitizers, where results go.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+set(REELSMITH_SANITIZE "" CACHE STRING "Sanitizers for our targets, as given to -fsanitize= (empty: none)")
+
+add_library(reelsmith_options INTERFACE)
+target_compile_options(reelsmith_options INTERFACE -Wall -Wextra -Wshadow -Wconversion -Werror)
+target_include_directories(reelsmith_options INTERFACE "${PROJECT_SOURCE_DIR}/src")
+target_compile_definitions(reelsmith_options INTERFACE REELSMITH_VERSION="${PROJECT_VERSION}")
+if(REELSMITH_SANITIZE)
+    target_compile_options(reelsmith_options INTERFACE
+        -fsanitize=${REELSMITH_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
+    target_link_options(reelsmith_options INTERFACE -fsanitize=${REELSMITH_SANITIZE})
+endif()
+
+# reelsmith_library(NAME SOURCES… [LINKS targets…]): one static library, its links public.
+function(reelsmith_library name)
+    cmake_parse_arguments(LIBRARY "" "" "SOURCES;LINKS" ${ARGN})
+    add_library(${name} STATIC ${LIBRARY_SOURCES})
+    target_link_libraries(${name} PUBLIC reelsmith_options ${LIBRARY_LINKS})
+endfunction()
