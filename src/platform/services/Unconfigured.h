@@ -1,0 +1,11 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/services/Services.h"
+
+namespace reelsmith {
+
+/// The services of an installation for which no operator has configured any.
+Services::Backends unconfiguredBackends();
+
+} // namespace reelsmith
