@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "mediaworker/Lockdown.h"
+
+#include "mediaworker/Landlock.h"
+#include "mediaworker/SystemCallFilter.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <linux/ioprio.h>
+#include <malloc.h>
+#include <sched.h>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+namespace reelsmith::mediaworker {
+
+namespace {
+
+constexpr rlim_t descriptorLimit = 64;
+constexpr int niceness = 10;
+constexpr int lowestBestEffortLevel = 7;
+
+/// Address space in use now, 0 when unknown.
+std::uint64_t mappedBytes() {
+    unsigned long long pages = 0;
+    if (std::FILE* file = std::fopen("/proc/self/statm", "re")) {
+        if (std::fscanf(file, "%llu", &pages) != 1)
+            pages = 0;
+        std::fclose(file);
+    }
+    return pages * static_cast<std::uint64_t>(::sysconf(_SC_PAGESIZE));
+}
+
+/// Lowers a limit for good; one that is lower already stays.
+bool lowerLimit(__rlimit_resource resource, rlim_t value) {
+    rlimit limit{};
+    if (::getrlimit(resource, &limit) != 0)
+        return false;
+    limit.rlim_max = std::min(limit.rlim_max, value);
+    limit.rlim_cur = std::min(limit.rlim_cur, limit.rlim_max);
+    return ::setrlimit(resource, &limit) == 0;
+}
+
+std::string limitResources(const Limits& limits) {
+    // Every arena of the allocator reserves 64 MiB of address space, and every thread would like its own.
+    ::mallopt(M_ARENA_MAX, 2);
+    bool isLimited = lowerLimit(RLIMIT_CORE, 0) && lowerLimit(RLIMIT_NOFILE, descriptorLimit);
+    if (mappedBytes() > limits.addressSpaceBytes)
+        return ", address space not limited: more is mapped already";
+    isLimited = lowerLimit(RLIMIT_AS, limits.addressSpaceBytes) && isLimited;
+    return isLimited ? "" : ", resource limits refused";
+}
+
+/// Best effort: a worker in the foreground's way is a nuisance, not a danger.
+void stepBack() {
+    if (::getpriority(PRIO_PROCESS, 0) < niceness)
+        ::setpriority(PRIO_PROCESS, 0, niceness);
+    if (::sched_getscheduler(0) == SCHED_OTHER) {
+        const sched_param parameters{};
+        ::sched_setscheduler(0, SCHED_BATCH, &parameters);
+    }
+    ::syscall(SYS_ioprio_set, IOPRIO_WHO_PROCESS, 0,
+              IOPRIO_PRIO_VALUE(IOPRIO_CLASS_BE, lowestBestEffortLevel));
+}
+
+} // namespace
+
+Lockdown lockDown(const Limits& limits) {
+    Lockdown result;
+    const std::string limitsText = limitResources(limits);
+    stepBack();
+    if (::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0) {
+        result.text = "not locked down: new privileges cannot be given up";
+        return result;
+    }
+    const PathRefusal paths = refusePaths();
+    const std::string filterProblem = refuseSystemCalls();
+    result.landlockVersion = paths.landlockVersion;
+    result.isFiltered = filterProblem.empty();
+    result.text =
+        (paths.landlockVersion > 0 ? "Landlock " + std::to_string(paths.landlockVersion)
+                                   : "no Landlock (" + paths.problem + ")") +
+        (result.isFiltered ? ", system call filter" : ", no system call filter (" + filterProblem + ")") +
+        limitsText;
+    return result;
+}
+
+} // namespace reelsmith::mediaworker
