@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/foundation/FileManager.h"
+
+#include "platform/foundation/DocumentsFolder.h"
+#include "platform/foundation/SecurityScopedAccess.h"
+#include "platform/foundation/URLs.h"
+
+namespace reelsmith {
+
+namespace {
+
+QString quoted(const QUrl& url) {
+    return QLatin1Char('"') + url.toDisplayString(QUrl::PreferLocalFile) + QLatin1Char('"');
+}
+
+Result<void> checkConfinement(const QUrl& url) {
+    if (!isInDocumentsFolder(url))
+        return failure(quoted(url) + QStringLiteral(" lies outside the documents folder"));
+    return {};
+}
+
+bool holdsOpenSource(const std::filesystem::path& path) {
+    if (SecurityScopedAccess::isOpenOn(path))
+        return true;
+    std::error_code error;
+    if (!std::filesystem::is_directory(std::filesystem::symlink_status(path, error)))
+        return false;
+    for (std::filesystem::recursive_directory_iterator entry(path, error), end; entry != end;
+         entry.increment(error)) {
+        if (SecurityScopedAccess::isOpenOn(entry->path()))
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+FileManager& FileManager::defaultManager() {
+    static FileManager manager;
+    return manager;
+}
+
+Result<void> FileManager::createDirectory(const QUrl& url) {
+    std::error_code error;
+    std::filesystem::create_directories(filePath(url), error);
+    if (error)
+        return systemFailure(QStringLiteral("cannot make the folder ") + quoted(url), error.value());
+    return {};
+}
+
+Result<QList<QUrl>> FileManager::contentsOfDirectory(const QUrl& url) const {
+    std::error_code error;
+    QList<QUrl> contents;
+    std::filesystem::directory_iterator entry(filePath(url), error);
+    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+        if (entry->path().filename().native().front() != '.')
+            contents.append(fileUrl(entry->path()));
+    }
+    if (error)
+        return systemFailure(QStringLiteral("cannot list ") + quoted(url), error.value());
+    return contents;
+}
+
+Result<void> FileManager::removeItem(const QUrl& url) {
+    if (auto allowed = checkConfinement(url); !allowed)
+        return allowed;
+    const std::filesystem::path path = filePath(url);
+    if (holdsOpenSource(path))
+        return failure(quoted(url) + QStringLiteral(" is being read"));
+    std::error_code error;
+    const auto count = std::filesystem::remove_all(path, error);
+    if (!error && count == 0)
+        error = std::make_error_code(std::errc::no_such_file_or_directory);
+    else
+        tellObservers(url);
+    if (error)
+        return systemFailure(QStringLiteral("cannot remove ") + quoted(url), error.value());
+    return {};
+}
+
+Result<void> FileManager::replaceItem(const QUrl& url, const std::filesystem::path& replacement) {
+    if (auto allowed = checkConfinement(url); !allowed)
+        return allowed;
+    std::error_code error;
+    std::filesystem::rename(replacement, filePath(url), error);
+    if (error)
+        return systemFailure(QStringLiteral("cannot put the file in place as ") + quoted(url), error.value());
+    tellObservers(url);
+    return {};
+}
+
+void FileManager::addChangeObserver(ChangeObserver observer) {
+    const std::lock_guard lock(m_mutex);
+    m_observers.push_back(std::move(observer));
+}
+
+void FileManager::tellObservers(const QUrl& url) const {
+    std::vector<ChangeObserver> observers;
+    {
+        const std::lock_guard lock(m_mutex);
+        observers = m_observers;
+    }
+    for (const ChangeObserver& observer : observers)
+        observer(url);
+}
+
+} // namespace reelsmith

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/foundation/URLs.h"
+
+namespace reelsmith {
+
+namespace {
+
+QByteArray percentEncoded(const QByteArray& path) {
+    return path.toPercentEncoding("/");
+}
+
+} // namespace
+
+QUrl fileUrl(const std::filesystem::path& path) {
+    const std::string bytes = std::filesystem::absolute(path).string();
+    return QUrl::fromEncoded("file://" + percentEncoded(QByteArray::fromStdString(bytes)), QUrl::StrictMode);
+}
+
+std::filesystem::path filePath(const QUrl& url) {
+    const QByteArray bytes = QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toUtf8());
+    if (!url.isLocalFile() || !bytes.startsWith('/') || bytes.contains('\0'))
+        return {};
+    std::filesystem::path path = std::filesystem::path(bytes.toStdString()).lexically_normal();
+    if (!path.has_filename() && path.has_relative_path())
+        path = path.parent_path();
+    return path;
+}
+
+QUrl appendingPathComponent(const QUrl& url, const QString& component) {
+    QByteArray path = url.path(QUrl::FullyEncoded).toUtf8();
+    if (!path.endsWith('/'))
+        path += '/';
+    QUrl longer = url;
+    longer.setPath(QString::fromLatin1(path + percentEncoded(component.toUtf8())), QUrl::TolerantMode);
+    return longer;
+}
+
+QStringList pathComponents(const QUrl& url) {
+    const QString path = url.path(QUrl::FullyDecoded);
+    QStringList components = path.split(QLatin1Char('/'), Qt::SkipEmptyParts);
+    if (path.startsWith(QLatin1Char('/')))
+        components.prepend(QStringLiteral("/"));
+    return components;
+}
+
+} // namespace reelsmith

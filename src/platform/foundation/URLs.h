@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QStringList>
+#include <QUrl>
+#include <filesystem>
+
+/// Files as URLs. A file name is a row of bytes: names that are no valid UTF-8 survive the way to a URL and
+/// back.
+namespace reelsmith {
+
+/// The URL of a local file; a relative path counts from the current folder.
+QUrl fileUrl(const std::filesystem::path& path);
+
+/// The absolute path that a file URL names, with "." and ".." worked out by name alone and no "/" at its end.
+/// Empty for any other URL, and where the path would hold a NUL.
+std::filesystem::path filePath(const QUrl& url);
+
+/// `url` with one more component, taken as it is: a "/" in it names a folder, "%" and "?" are just
+/// characters.
+QUrl appendingPathComponent(const QUrl& url, const QString& component);
+
+/// The parts of the path: a leading "/", then each name. Empty for a URL without a path.
+QStringList pathComponents(const QUrl& url);
+
+} // namespace reelsmith
