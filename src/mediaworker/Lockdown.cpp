@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <linux/ioprio.h>
 #include <malloc.h>
 #include <sched.h>
 #include <sys/prctl.h>
@@ -20,7 +19,9 @@ namespace {
 
 constexpr rlim_t descriptorLimit = 64;
 constexpr int niceness = 10;
-constexpr int lowestBestEffortLevel = 7;
+// The kernel's own header for these, <linux/ioprio.h>, is not C++ in every release.
+constexpr int ioprioWhoProcess = 1;
+constexpr int lowestBestEffortPriority = 2 << 13 | 7;
 
 /// Address space in use now, 0 when unknown.
 std::uint64_t mappedBytes() {
@@ -61,8 +62,7 @@ void stepBack() {
         const sched_param parameters{};
         ::sched_setscheduler(0, SCHED_BATCH, &parameters);
     }
-    ::syscall(SYS_ioprio_set, IOPRIO_WHO_PROCESS, 0,
-              IOPRIO_PRIO_VALUE(IOPRIO_CLASS_BE, lowestBestEffortLevel));
+    ::syscall(SYS_ioprio_set, ioprioWhoProcess, 0, lowestBestEffortPriority);
 }
 
 } // namespace
