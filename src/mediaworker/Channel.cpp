@@ -62,7 +62,7 @@ Channel::Status Channel::receive(Letter& letter, Timeout timeout) {
     pollfd waiting{m_socket.number(), POLLIN, 0};
     const auto deadline = std::chrono::steady_clock::now() + timeout;
     for (;;) {
-        Timeout left = forever;
+        Timeout left = unlimited;
         if (timeout >= Timeout::zero())
             left = std::max(Timeout::zero(), std::chrono::ceil<Timeout>(deadline - std::chrono::steady_clock::now()));
         const int ready = ::poll(&waiting, 1, static_cast<int>(left.count()));

@@ -37,7 +37,7 @@ class Channel {
 public:
     /// How long a call may wait for the other side.
     using Timeout = std::chrono::milliseconds;
-    static constexpr Timeout forever{-1};
+    static constexpr Timeout unlimited{-1};
 
     enum class Status { Received, TimedOut, Closed };
 
@@ -50,7 +50,7 @@ public:
     bool send(const Message& message, const std::vector<int>& descriptors = {});
 
     /// Waits for one message. `Closed` also covers a datagram that is no message: such a peer is not to be trusted.
-    Status receive(Letter& letter, Timeout timeout = forever);
+    Status receive(Letter& letter, Timeout timeout = unlimited);
 
     int descriptor() const { return m_socket.number(); }
 
