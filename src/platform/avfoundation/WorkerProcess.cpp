@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/avfoundation/WorkerProcess.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <fcntl.h>
+#include <poll.h>
+#include <spawn.h>
+#include <sys/pidfd.h>
+#include <sys/wait.h>
+#include <system_error>
+
+namespace reelsmith {
+
+namespace {
+
+using mediaworker::Channel;
+using mediaworker::Descriptor;
+
+constexpr int channelDescriptor = 3;
+// A process closes its descriptors a moment before it has ended.
+constexpr std::chrono::milliseconds dyingTime{1000};
+
+std::string chosenProgram;
+
+std::string findProgram() {
+    if (!chosenProgram.empty())
+        return chosenProgram;
+    const QString folder = QCoreApplication::applicationDirPath();
+    const QString name = QStringLiteral("/reelsmith-media-worker");
+    for (const QString& candidate : {
+             folder + name,
+             folder + QStringLiteral("/../libexec") + name,
+             folder + QStringLiteral("/../libexec/reelsmith") + name,
+         }) {
+        if (QFileInfo(candidate).isExecutable())
+            return candidate.toStdString();
+    }
+    return REELSMITH_LIBEXEC_FOLDER + name.toStdString();
+}
+
+/// The attributes and file actions of a spawn, freed with it.
+class SpawnSetup {
+public:
+    explicit SpawnSetup(int channel) {
+        posix_spawn_file_actions_init(&m_actions);
+        posix_spawn_file_actions_adddup2(&m_actions, channel, channelDescriptor);
+        posix_spawn_file_actions_addopen(&m_actions, STDIN_FILENO, "/dev/null", O_RDWR, 0);
+        posix_spawn_file_actions_adddup2(&m_actions, STDIN_FILENO, STDOUT_FILENO);
+        posix_spawn_file_actions_adddup2(&m_actions, STDIN_FILENO, STDERR_FILENO);
+        posix_spawn_file_actions_addclosefrom_np(&m_actions, channelDescriptor + 1);
+
+        posix_spawnattr_init(&m_attributes);
+        posix_spawnattr_setflags(&m_attributes,
+                                 POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
+        sigset_t set;
+        sigemptyset(&set);
+        posix_spawnattr_setsigmask(&m_attributes, &set);
+        sigfillset(&set);
+        posix_spawnattr_setsigdefault(&m_attributes, &set);
+    }
+    ~SpawnSetup() {
+        posix_spawn_file_actions_destroy(&m_actions);
+        posix_spawnattr_destroy(&m_attributes);
+    }
+    SpawnSetup(const SpawnSetup&) = delete;
+    SpawnSetup& operator=(const SpawnSetup&) = delete;
+
+    /// An error number, 0 for none.
+    int spawn(std::string program, std::string argument, pid_t& process) const {
+        std::array<char*, 3> arguments{program.data(), argument.data(), nullptr};
+        return ::posix_spawn(&process, program.c_str(), &m_actions, &m_attributes, arguments.data(), environ);
+    }
+
+private:
+    posix_spawn_file_actions_t m_actions{};
+    posix_spawnattr_t m_attributes{};
+};
+
+} // namespace
+
+void WorkerProcess::setProgram(const std::string& path) {
+    chosenProgram = path;
+}
+
+Result<std::unique_ptr<WorkerProcess>> WorkerProcess::start(Role role) {
+    const std::string program = findProgram();
+    const QString what = QStringLiteral("cannot start the media worker ") + QString::fromStdString(program);
+    try {
+        auto [ours, theirs] = Channel::makePair();
+        pid_t process = -1;
+        const SpawnSetup setup(theirs.descriptor());
+        const int error = setup.spawn(program, role == Role::Export ? "export" : "inspect", process);
+        if (error != 0)
+            return systemFailure(what, error);
+        Descriptor handle(::pidfd_open(process, 0));
+        if (!handle.isOpen()) {
+            const int pidfdError = errno;
+            ::kill(process, SIGKILL);
+            ::waitpid(process, nullptr, 0);
+            return systemFailure(what, pidfdError);
+        }
+        return std::unique_ptr<WorkerProcess>(new WorkerProcess(std::move(ours), std::move(handle)));
+    } catch (const std::system_error& error) {
+        return systemFailure(what, error.code().value());
+    }
+}
+
+WorkerProcess::~WorkerProcess() {
+    kill();
+    causeOfDeath();
+}
+
+void WorkerProcess::kill() {
+    ::pidfd_send_signal(m_process.number(), SIGKILL, nullptr, 0);
+}
+
+QString WorkerProcess::causeOfDeath() {
+    if (m_isReaped)
+        return {};
+    pollfd ended{m_process.number(), POLLIN, 0};
+    if (::poll(&ended, 1, static_cast<int>(dyingTime.count())) <= 0)
+        kill();
+    siginfo_t end{};
+    while (::waitid(P_PIDFD, static_cast<id_t>(m_process.number()), &end, WEXITED) != 0 && errno == EINTR)
+        continue;
+    m_isReaped = true;
+    if (end.si_code == CLD_EXITED)
+        return QStringLiteral("the media worker ended with status %1").arg(end.si_status);
+    return QStringLiteral("the media worker was ended by signal %1").arg(end.si_status);
+}
+
+} // namespace reelsmith
