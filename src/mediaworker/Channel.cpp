@@ -64,7 +64,8 @@ Channel::Status Channel::receive(Letter& letter, Timeout timeout) {
     for (;;) {
         Timeout left = unlimited;
         if (timeout >= Timeout::zero())
-            left = std::max(Timeout::zero(), std::chrono::ceil<Timeout>(deadline - std::chrono::steady_clock::now()));
+            left = std::max(Timeout::zero(),
+                            std::chrono::ceil<Timeout>(deadline - std::chrono::steady_clock::now()));
         const int ready = ::poll(&waiting, 1, static_cast<int>(left.count()));
         if (ready == 0)
             return Status::TimedOut;

@@ -49,7 +49,8 @@ public:
     /// False when the other side is gone (no signal is raised). The descriptors stay the caller's.
     bool send(const Message& message, const std::vector<int>& descriptors = {});
 
-    /// Waits for one message. `Closed` also covers a datagram that is no message: such a peer is not to be trusted.
+    /// Waits for one message. `Closed` also covers a datagram that is no message: such a peer is not to be
+    /// trusted.
     Status receive(Letter& letter, Timeout timeout = unlimited);
 
     int descriptor() const { return m_socket.number(); }

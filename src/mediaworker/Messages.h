@@ -38,9 +38,9 @@ struct ProbeRequest {
     bool operator==(const ProbeRequest&) const = default;
 };
 
-/// Asks for a picture as RGBA (8 bit, rows without padding, top first), upright, written from the start of the
-/// output. Never larger than the bounds, never enlarged. Shown is the first frame at or after `time`, or the last
-/// one before it. Descriptors: source, output.
+/// Asks for a picture as RGBA (8 bit, rows without padding, top first), upright, written from the start of
+/// the output. Never larger than the bounds, never enlarged. Shown is the first frame at or after `time`, or
+/// the last one before it. Descriptors: source, output.
 struct ThumbnailRequest {
     Time time;
     std::int32_t maximumWidth = 0;

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+extern "C" {
+#include <libavutil/frame.h>
+#include <libavutil/pixfmt.h>
+}
+
+namespace reelsmith::media {
+
+/// How the numbers of a picture stand for colours (ITU-T H.273).
+struct ColourTags {
+    AVColorPrimaries primaries = AVCOL_PRI_BT709;
+    AVColorTransferCharacteristic transfer = AVCOL_TRC_BT709;
+    AVColorSpace matrix = AVCOL_SPC_BT709;
+    AVColorRange range = AVCOL_RANGE_MPEG;
+    bool operator==(const ColourTags&) const = default;
+};
+
+/// What a picture's colours are and what they become.
+struct ColourPlan {
+    ColourTags source; ///< what was left unsaid filled in, by the size of the picture
+    ColourTags result; ///< always SDR and limited range
+    bool needsToneMapping = false;
+    bool operator==(const ColourPlan&) const = default;
+};
+
+/// Standard-definition and HD colours are kept as they are and tagged; PQ, HLG and wide gamut become BT.709.
+ColourPlan planColour(const AVFrame& frame);
+
+} // namespace reelsmith::media

@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "media/ExportPlan.h"
+
+#include "media/Limits.h"
+#include "media/TrackChoice.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace reelsmith::media {
+
+namespace {
+
+/// Pixels of the largest picture of H.264's level 5.1: what players of large pictures can be relied on to
+/// take.
+constexpr double largestPicture = 36'864 * 256.0;
+
+int evenAtLeastTwo(double length) {
+    return std::max(2, 2 * static_cast<int>(std::lround(length / 2)));
+}
+
+/// The size with square pixels, within the preset's bounds, still unturned.
+Size scaledSize(const Track& track, const PresetRules& rules) {
+    const double width = track.width * av_q2d(track.pixelAspect);
+    const double height = track.height;
+    double factor = std::min(1.0, rules.shortSide / std::min(width, height));
+    factor = std::min(factor, std::sqrt(largestPicture / (width * height)));
+    return {evenAtLeastTwo(width * factor), evenAtLeastTwo(height * factor)};
+}
+
+Result<const Track*> chooseVideo(const MediaInfo& info) {
+    const Track* track = shownVideoTrack(info);
+    if (!track) {
+        const bool hasUndecodable =
+            std::any_of(info.tracks.begin(), info.tracks.end(), [](const Track& each) {
+                return each.kind == TrackKind::Video && !each.isCoverArt && !each.hasDecoder;
+            });
+        return hasUndecodable ? failure(ErrorCode::Unsupported, "There is no decoder for the file's video")
+                              : failure(ErrorCode::InvalidSource, "The file holds no video");
+    }
+    if (track->isEncrypted)
+        return failure(ErrorCode::Encrypted, "The video is encrypted");
+    if (track->hasForeignBaseLayer)
+        return failure(ErrorCode::Unsupported,
+                       "The video is Dolby Vision without a picture for other players");
+    if (std::int64_t{track->width} * track->height > maximumPixels)
+        return failure(ErrorCode::Unsupported, "The picture is too large: " + std::to_string(track->width) +
+                                                   "x" + std::to_string(track->height));
+    return track;
+}
+
+VideoPlan planVideo(const Track& track, Preset preset) {
+    const PresetRules rules = rulesOf(preset);
+    VideoPlan plan;
+    plan.track = track.index;
+    if (preset == Preset::Passthrough && mp4Holds(track.codec) && track.hasSimpleEdits)
+        plan.treatment = Treatment::Copy;
+    plan.orientation = orientationFromDisplayMatrix(track.displayMatrix.data());
+    plan.scaled = scaledSize(track, rules);
+    plan.reduction = std::min(static_cast<double>(track.width) / plan.scaled.width,
+                              static_cast<double>(track.height) / plan.scaled.height);
+    plan.peakRate = rules.peakRate;
+    return plan;
+}
+
+/// AAC has these rates; sound of another is resampled to the nearest above, at most 48 kHz.
+int aacSampleRate(int sampleRate) {
+    for (const int rate : {8'000, 11'025, 12'000, 16'000, 22'050, 24'000, 32'000, 44'100, 48'000}) {
+        if (sampleRate <= rate)
+            return rate;
+    }
+    return sampleRate % 44'100 == 0 ? 44'100 : 48'000;
+}
+
+/// Whether a player that knows AAC-LC stereo takes the sound as it is, at a rate that suits the preset.
+bool isCopiedByAnyPreset(const Track& track, int bitRate) {
+    constexpr double slack = 1.25;
+    constexpr int profileLowComplexity = 1;
+    return track.codec == AV_CODEC_ID_AAC && track.profile == profileLowComplexity && track.channels <= 2 &&
+           track.sampleRate <= 48'000 && track.hasSimpleEdits && track.bitRate > 0 &&
+           static_cast<double>(track.bitRate) <= slack * bitRate;
+}
+
+AudioPlan planAudio(const Track& track, const MediaInfo& info, Preset preset) {
+    const PresetRules rules = rulesOf(preset);
+    AudioPlan plan;
+    plan.track = track.index;
+    plan.sampleRate = aacSampleRate(track.sampleRate);
+    plan.channels = track.channels == 1 ? 1 : 2;
+    plan.bitRate = plan.channels == 1 ? rules.monoBitRate : rules.stereoBitRate;
+    // Elsewhere a sound track may start, pause and jump as it likes, which only new samples can follow.
+    const bool hasSteadyClock = info.container.find("mp4") != std::string::npos;
+    const bool isPassed = preset == Preset::Passthrough && mp4Holds(track.codec) && track.hasSimpleEdits;
+    if (isPassed || (hasSteadyClock && isCopiedByAnyPreset(track, plan.bitRate)))
+        plan.treatment = Treatment::Copy;
+    return plan;
+}
+
+double zeroOf(const MediaInfo& info, const ExportPlan& plan) {
+    if (!info.hasClock)
+        return 0;
+    const auto startOf = [&info](int track) {
+        return info.tracks[static_cast<std::size_t>(track)].startSeconds;
+    };
+    double zero = startOf(plan.video.track);
+    for (const AudioPlan& sound : plan.sounds)
+        zero = std::min(zero, startOf(sound.track));
+    // Before zero lies what is not to be heard or seen: a codec's run-in, frames that an edit list hides.
+    return std::max(0.0, zero);
+}
+
+} // namespace
+
+const Track* shownVideoTrack(const MediaInfo& info) {
+    const auto found = std::find_if(info.tracks.begin(), info.tracks.end(), [](const Track& track) {
+        return track.kind == TrackKind::Video && !track.isCoverArt && track.hasDecoder && track.hasSamples &&
+               track.width > 0 && track.height > 0;
+    });
+    return found == info.tracks.end() ? nullptr : &*found;
+}
+
+Result<ExportPlan> planExport(const MediaInfo& info, Preset preset,
+                              const std::vector<std::string>& languages) {
+    const Result<const Track*> video = chooseVideo(info);
+    if (!video)
+        return tl::unexpected(video.error());
+    ExportPlan plan;
+    plan.preset = preset;
+    plan.video = planVideo(**video, preset);
+    for (const Track* sound : chosenSounds(info, preset, languages))
+        plan.sounds.push_back(planAudio(*sound, info, preset));
+    for (const Track& track : info.tracks) {
+        if (track.kind == TrackKind::Subtitle && isText(track.codec) && track.hasDecoder &&
+            !track.isEncrypted)
+            plan.texts.push_back({track.index, Treatment::Encode});
+    }
+    plan.zeroSeconds = zeroOf(info, plan);
+    return plan;
+}
+
+std::int64_t estimateBytes(const MediaInfo& info, const ExportPlan& plan) {
+    const double seconds = info.durationSeconds();
+    if (seconds <= 0)
+        return 0;
+    const Track& video = info.tracks[static_cast<std::size_t>(plan.video.track)];
+    double soundBits = 0;
+    for (const AudioPlan& sound : plan.sounds) {
+        const Track& track = info.tracks[static_cast<std::size_t>(sound.track)];
+        soundBits += sound.treatment == Treatment::Copy && track.bitRate > 0
+                         ? static_cast<double>(track.bitRate)
+                         : sound.bitRate;
+    }
+    const double sourceBits = static_cast<double>(info.sizeBytes) * 8 / seconds;
+    double videoBits =
+        video.bitRate > 0 ? static_cast<double>(video.bitRate) : std::max(0.0, sourceBits - soundBits);
+    if (plan.video.treatment == Treatment::Encode) {
+        const double rate = std::min(plan.video.peakRate, video.frameRate > 0 ? video.frameRate : 30);
+        const double pixels = static_cast<double>(plan.video.scaled.width) * plan.video.scaled.height;
+        videoBits = std::min(videoBits, pixels * rate * rulesOf(plan.preset).bitsPerPixel);
+    }
+    return static_cast<std::int64_t>((videoBits + soundBits) * seconds / 8);
+}
+
+} // namespace reelsmith::media

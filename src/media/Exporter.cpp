@@ -1,0 +1,174 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "media/Exporter.h"
+
+#include "media/AudioTranscode.h"
+#include "media/ExportContext.h"
+#include "media/ExportPlan.h"
+#include "media/PacketClock.h"
+#include "media/Probe.h"
+#include "media/ResultCheck.h"
+#include "media/Source.h"
+#include "media/TextConversion.h"
+#include "media/TrackCopy.h"
+#include "media/VideoTranscode.h"
+
+#include <map>
+#include <memory>
+#include <utility>
+
+namespace reelsmith::media {
+
+namespace {
+
+/// One export, from the opened source to the finished file.
+class Exporter {
+public:
+    Exporter(Source& source, ExportPlan plan, MediaInfo info, const ExportJob& job,
+             std::function<void(double)> progress)
+        : m_source(source),
+          m_info(std::move(info)),
+          m_plan(std::move(plan)),
+          m_output(job.output),
+          m_context(job.output, std::move(progress)) {}
+
+    Result<std::string> run();
+
+private:
+    Result<void> makeSinks();
+    Result<void> makeVideoSink();
+    void makeAudioSink(const AudioPlan& plan);
+    void makeTextSink(const TextPlan& plan);
+    void annotate();
+    void readAll();
+
+    const Track& trackOf(int index) const { return m_info.tracks[static_cast<std::size_t>(index)]; }
+
+    Source& m_source;
+    MediaInfo m_info;
+    ExportPlan m_plan;
+    int m_output;
+    int m_videoTrack = 0;
+    ExportContext m_context;
+    std::map<int, std::unique_ptr<TrackSink>> m_sinks; ///< by source track
+};
+
+Result<std::string> Exporter::run() {
+    annotate();
+    if (auto made = makeSinks(); !made)
+        return tl::unexpected(made.error());
+    readAll();
+    for (auto& [track, sink] : m_sinks)
+        sink->end();
+    for (auto& [track, sink] : m_sinks)
+        sink->wait();
+    if (const auto error = m_context.latch.error())
+        return tl::unexpected(*error);
+    if (auto finished = m_context.writer.finish(); !finished)
+        return tl::unexpected(finished.error());
+    if (auto checked = checkResult(m_output, m_context.writer.packetCount(m_videoTrack)); !checked)
+        return tl::unexpected(checked.error());
+    return m_context.warnings();
+}
+
+Result<void> Exporter::makeSinks() {
+    if (auto made = makeVideoSink(); !made)
+        return made;
+    for (const AudioPlan& sound : m_plan.sounds)
+        makeAudioSink(sound);
+    for (const TextPlan& text : m_plan.texts)
+        makeTextSink(text);
+    for (unsigned i = 0; i < m_source.context()->nb_streams; ++i) {
+        if (!m_sinks.count(static_cast<int>(i)))
+            m_source.context()->streams[i]->discard = AVDISCARD_ALL;
+    }
+    return m_context.writer.sealTracks();
+}
+
+Result<void> Exporter::makeVideoSink() {
+    if (m_plan.video.treatment == Treatment::Copy) {
+        auto copy = TrackCopy::make(m_source, trackOf(m_plan.video.track), m_plan.zeroSeconds, m_context);
+        if (!copy)
+            return tl::unexpected(copy.error());
+        m_videoTrack = (*copy)->outputTrack();
+        m_sinks[m_plan.video.track] = std::move(*copy);
+        return {};
+    }
+    auto transcode = VideoTranscode::make(m_source, m_info, m_plan, m_context);
+    if (!transcode)
+        return tl::unexpected(transcode.error());
+    m_videoTrack = (*transcode)->outputTrack();
+    m_sinks[m_plan.video.track] = std::move(*transcode);
+    return {};
+}
+
+void Exporter::makeAudioSink(const AudioPlan& plan) {
+    const Track& track = trackOf(plan.track);
+    if (plan.treatment == Treatment::Copy) {
+        if (auto copy = TrackCopy::make(m_source, track, m_plan.zeroSeconds, m_context)) {
+            m_sinks[plan.track] = std::move(*copy);
+            return;
+        }
+    }
+    auto transcode = AudioTranscode::make(m_source, track, plan, m_plan.zeroSeconds, m_context);
+    if (transcode)
+        m_sinks[plan.track] = std::move(*transcode);
+    else
+        m_context.warn("sound left out: " + transcode.error().text);
+}
+
+void Exporter::makeTextSink(const TextPlan& plan) {
+    auto text = TextConversion::make(m_source, trackOf(plan.track), m_plan.zeroSeconds, m_context);
+    if (text)
+        m_sinks[plan.track] = std::move(*text);
+    else
+        m_context.warn("subtitles left out: " + text.error().text);
+}
+
+void Exporter::annotate() {
+    const AVFormatContext* source = m_source.context();
+    Mp4Writer::Annotations annotations;
+    if (const auto* entry = av_dict_get(source->metadata, "creation_time", nullptr, 0))
+        annotations.creationTime = entry->value;
+    for (unsigned i = 0; i < source->nb_chapters; ++i) {
+        const AVChapter* chapter = source->chapters[i];
+        const double unit = av_q2d(chapter->time_base);
+        const double start = static_cast<double>(chapter->start) * unit - m_plan.zeroSeconds;
+        const double end = static_cast<double>(chapter->end) * unit - m_plan.zeroSeconds;
+        const auto* title = av_dict_get(chapter->metadata, "title", nullptr, 0);
+        if (end > 0)
+            annotations.chapters.push_back({std::max(0.0, start), end, title ? title->value : ""});
+    }
+    m_context.writer.annotate(annotations);
+}
+
+void Exporter::readAll() {
+    PacketClock clock(m_source.context());
+    const bool hasDuration = m_info.durationSeconds() > 0;
+    while (!m_context.latch.hasFailed()) {
+        PacketHandle packet = m_source.readPacket();
+        if (!packet)
+            return;
+        const auto sink = m_sinks.find(packet->stream_index);
+        if (sink == m_sinks.end())
+            continue;
+        clock.mend(*packet);
+        if (!hasDuration || m_plan.video.treatment == Treatment::Copy)
+            m_context.report(m_source.fractionRead());
+        sink->second->take(std::move(packet));
+    }
+}
+
+} // namespace
+
+Result<std::string> exportVideo(const ExportJob& job, std::function<void(double)> progress) {
+    auto source = Source::open(job.source, Source::Detail::Decoded);
+    if (!source)
+        return tl::unexpected(source.error());
+    MediaInfo info = probe(**source);
+    auto plan = planExport(info, job.preset, job.languages);
+    if (!plan)
+        return tl::unexpected(plan.error());
+    return Exporter(**source, std::move(*plan), std::move(info), job, std::move(progress)).run();
+}
+
+} // namespace reelsmith::media

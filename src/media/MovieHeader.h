@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+namespace reelsmith::media {
+
+/// The unit, as a fraction of a second, in which an MP4 or MOV file counts its own duration ("mvhd"); nothing
+/// where it does not say.
+std::optional<std::int32_t> movieTimescale(int descriptor);
+
+} // namespace reelsmith::media

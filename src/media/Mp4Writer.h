@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "media/DescriptorIo.h"
+#include "media/Error.h"
+#include "media/Handles.h"
+
+#include <array>
+#include <cstdint>
+#include <deque>
+#include <mutex>
+#include <string>
+#include <vector>
+
+namespace reelsmith::media {
+
+/// Writes an MP4 file whose index stands in front.
+///
+/// Tracks are reserved before anything is written, and described as soon as their coding is known, from any
+/// thread; packets that come before every track is described wait here.
+class Mp4Writer {
+public:
+    struct TrackDescription {
+        CodecParametersHandle codec;
+        AVRational timeBase{1, 90'000};
+        std::string language; ///< ISO 639-2, or empty
+        int disposition = 0;  ///< AV_DISPOSITION_…
+        std::array<std::int32_t, 9> displayMatrix{};
+        bool isTurned = false; ///< whether displayMatrix counts
+    };
+
+    struct Chapter {
+        double startSeconds = 0;
+        double endSeconds = 0;
+        std::string title;
+    };
+
+    /// What stands beside the tracks.
+    struct Annotations {
+        std::string creationTime; ///< ISO 8601, or empty
+        std::vector<Chapter> chapters;
+    };
+
+    /// The descriptor, readable and writable and empty, must outlive the writer.
+    explicit Mp4Writer(int descriptor);
+    ~Mp4Writer();
+
+    void annotate(const Annotations& annotations);
+
+    /// Its number, in the order in which tracks will stand in the file. Before any thread writes.
+    int reserveTrack();
+
+    /// No further track will be reserved.
+    Result<void> sealTracks();
+
+    /// Gives a reserved track its coding. The last one writes the file's header. Any thread.
+    Result<void> describeTrack(int track, TrackDescription description);
+
+    /// Writes a packet whose times count in the track's described time base. Any thread.
+    Result<void> write(int track, PacketHandle packet);
+
+    /// Writes the index and flushes; after it the file is whole. All threads must have ended.
+    Result<void> finish();
+
+    /// Packets written of a track.
+    std::int64_t packetCount(int track) const {
+        return m_tracks[static_cast<std::size_t>(track)].packetCount;
+    }
+
+private:
+    struct Track {
+        TrackDescription description;
+        bool isDescribed = false;
+        std::int64_t lastDts = INT64_MIN;
+        std::int64_t packetCount = 0;
+    };
+
+    static int openAgain(AVFormatContext* context, AVIOContext** made, const char*, int, AVDictionary**);
+    static int closeAgain(AVFormatContext* context, AVIOContext* io);
+
+    Result<void> beginOnceDescribed();
+    Result<void> begin();
+    Result<void> writeNow(int track, PacketHandle packet);
+
+    std::mutex m_mutex;
+    DescriptorIo m_io;
+    DescriptorIo m_rereading; ///< for moving the media data when the index goes in front
+    AVFormatContext* m_context = nullptr;
+    std::vector<Track> m_tracks;
+    std::deque<std::pair<int, PacketHandle>> m_waiting;
+    bool m_isSealed = false;
+    bool m_hasBegun = false;
+};
+
+} // namespace reelsmith::media

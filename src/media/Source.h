@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "media/DescriptorIo.h"
+#include "media/Error.h"
+#include "media/Handles.h"
+
+#include <cstdint>
+#include <memory>
+
+namespace reelsmith::media {
+
+/// An opened video file: its container and tracks, ready to be read packet by packet.
+///
+/// Reads the descriptor and nothing else: a playlist or a reference that names another file is refused, and
+/// only containers of real video files are recognised. One thread at a time.
+class Source {
+public:
+    /// How much to find out on opening. Headers: only what the container says, where that suffices for
+    /// duration, size and codec (else the same as Decoded). Decoded: the first packets are decoded too, for
+    /// pixel format, colour, field order and profile.
+    enum class Detail { Headers, Decoded };
+
+    /// Fails with InvalidSource for what is no video file. The descriptor must outlive the source.
+    static Result<std::unique_ptr<Source>> open(int descriptor, Detail detail);
+
+    ~Source();
+    Source(const Source&) = delete;
+    Source& operator=(const Source&) = delete;
+
+    AVFormatContext* context() const { return m_context; }
+    AVStream* track(int index) const { return m_context->streams[index]; }
+
+    /// The next packet of any track; nothing at the end. Damage inside the file is passed over where the
+    /// container allows it.
+    PacketHandle readPacket();
+
+    /// How much of the file has been read, 0…1.
+    double fractionRead() const;
+
+    std::int64_t sizeBytes() const { return m_sizeBytes; }
+    int descriptor() const { return m_io.descriptor(); }
+
+private:
+    explicit Source(int descriptor);
+    Result<void> openContainer();
+    Result<void> findTracks(Detail detail);
+
+    DescriptorIo m_io;
+    AVFormatContext* m_context = nullptr;
+    std::int64_t m_sizeBytes = 0;
+};
+
+} // namespace reelsmith::media

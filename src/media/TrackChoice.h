@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "media/MediaInfo.h"
+#include "media/Preset.h"
+
+#include <string>
+#include <vector>
+
+namespace reelsmith::media {
+
+/// Whether an MP4 file may carry this codec's packets so that ordinary players find their way.
+bool mp4Holds(AVCodecID codec);
+
+/// Subtitles made of text, not of pictures.
+bool isText(AVCodecID codec);
+
+/// The sound tracks that go into the result, in the source's order. Passthrough: every one that can be copied
+/// or decoded. Else one: the user's language where several are marked, else the one marked as default, else
+/// the first.
+std::vector<const Track*> chosenSounds(const MediaInfo& info, Preset preset,
+                                       const std::vector<std::string>& languages);
+
+} // namespace reelsmith::media

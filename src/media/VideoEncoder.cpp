@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "media/VideoEncoder.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+#include <thread>
+
+extern "C" {
+#include <libavutil/opt.h>
+}
+
+namespace reelsmith::media {
+
+namespace {
+
+constexpr int groupSeconds = 5;
+
+/// Pictures above this are many enough that a long lookahead costs more memory than a phone has.
+constexpr int fullLookaheadPixels = 1920 * 1088;
+
+/// `superfast` with the tools that matter most put back: what the quick presets lack is the lookahead's view
+/// of which blocks later pictures build on, more than any search.
+std::string encoderParameters(int pixels) {
+    const int lookahead = pixels > fullLookaheadPixels ? 8 : 20;
+    return "mbtree=1:weightp=1:rc-lookahead=" + std::to_string(lookahead) +
+           ":partitions=i8x8,i4x4,p8x8,b8x8:open-gop=0";
+}
+
+} // namespace
+
+Result<std::unique_ptr<VideoEncoder>> VideoEncoder::open(const AVFrame& first, const Settings& settings) {
+    const AVCodec* codec = avcodec_find_encoder_by_name("libx264");
+    if (!codec)
+        return failure(ErrorCode::Internal, "There is no H.264 encoder");
+    CodecHandle context(avcodec_alloc_context3(codec));
+    if (!context)
+        return failure(ErrorCode::OutOfMemory, "Out of memory");
+    context->width = first.width;
+    context->height = first.height;
+    context->pix_fmt = AV_PIX_FMT_YUV420P;
+    context->sample_aspect_ratio = {1, 1};
+    context->color_primaries = first.color_primaries;
+    context->color_trc = first.color_trc;
+    context->colorspace = first.colorspace;
+    context->color_range = AVCOL_RANGE_MPEG;
+    context->chroma_sample_location = AVCHROMA_LOC_LEFT;
+    context->time_base = settings.timeBase;
+    const double rate = std::clamp(settings.frameRate, 1.0, settings.rules.peakRate);
+    context->framerate = av_d2q(rate, 100'000);
+    context->gop_size = std::max(1, static_cast<int>(std::lround(rate * groupSeconds)));
+    context->flags |= AV_CODEC_FLAG_GLOBAL_HEADER | AV_CODEC_FLAG_CLOSED_GOP;
+    av_opt_set(context->priv_data, "preset", "superfast", 0);
+    av_opt_set(context->priv_data, "profile", "high", 0);
+    av_opt_set_double(context->priv_data, "crf", settings.rules.rateFactor, 0);
+    av_opt_set(context->priv_data, "x264-params", encoderParameters(first.width * first.height).c_str(), 0);
+    if (const int result = avcodec_open2(context.get(), codec, nullptr); result < 0)
+        return ffmpegFailure(ErrorCode::Internal, "The H.264 encoder refuses", result);
+    return std::unique_ptr<VideoEncoder>(new VideoEncoder(std::move(context)));
+}
+
+void VideoEncoder::remember(const AVFrame& frame) {
+    // The time to the next frame is the truth; what a frame says of itself counts only for the last.
+    if (!m_durations.empty()) {
+        auto previous = std::prev(m_durations.end());
+        previous->second = frame.pts - previous->first;
+    }
+    m_durations[frame.pts] = frame.pkt_duration;
+}
+
+Result<void> VideoEncoder::encode(FrameHandle frame, const std::function<Result<void>(PacketHandle)>& take) {
+    if (frame) {
+        remember(*frame);
+        frame->pict_type = AV_PICTURE_TYPE_NONE;
+    }
+    if (const int result = avcodec_send_frame(m_context.get(), frame.get()); result < 0)
+        return ffmpegFailure(ErrorCode::Internal, "Encoding", result);
+    for (;;) {
+        PacketHandle packet = makePacket();
+        const int result = avcodec_receive_packet(m_context.get(), packet.get());
+        if (result == AVERROR(EAGAIN) || result == AVERROR_EOF)
+            return {};
+        if (result < 0)
+            return ffmpegFailure(ErrorCode::Internal, "Encoding", result);
+        if (const auto known = m_durations.find(packet->pts); known != m_durations.end()) {
+            packet->duration = known->second;
+            // The newest entry stays: the next frame gives it its length.
+            if (std::next(known) != m_durations.end())
+                m_durations.erase(known);
+        }
+        if (auto taken = take(std::move(packet)); !taken)
+            return taken;
+    }
+}
+
+} // namespace reelsmith::media
