@@ -9,8 +9,8 @@ namespace reelsmith {
 
 /// The persistent key-value store: one file that several processes may use at once.
 /// Nothing is cached: each read sees what any process has stored before it. Any thread.
-/// What cannot be read, the whole file or one value, counts as not stored; what cannot be written is lost
-/// with a warning in the log.
+/// What cannot be read, the whole file or one value, counts as not stored. A value that cannot be written
+/// brings a warning in the log and may be lost; what was stored stays whole.
 class UserDefaults {
 public:
     /// The application's own store, in the user's configuration folder.

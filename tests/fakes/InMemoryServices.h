@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "fakes/InMemoryAnalytics.h"
+#include "fakes/InMemoryInstallations.h"
+#include "fakes/InMemoryRemoteConfig.h"
+
+#include <memory>
+
+namespace reelsmith {
+
+/// The services of a whole process, in memory.
+struct InMemoryServices {
+    std::shared_ptr<InMemoryRemoteConfig> remoteConfig = std::make_shared<InMemoryRemoteConfig>();
+    std::shared_ptr<InMemoryInstallations> installations = std::make_shared<InMemoryInstallations>();
+    std::shared_ptr<InMemoryAnalytics> analytics = std::make_shared<InMemoryAnalytics>();
+
+    /// The one instance, handed over to the application on first use, emptied at each call.
+    static InMemoryServices& fresh();
+};
+
+} // namespace reelsmith

@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "remote/Experiments.h"
+#include "RemoteSettings/ABTests.h"
+#include "conversion/ConversionQuality.h"
+#include "platform/avfoundation/ExportPresets.h"
+#include "remote/ABTestManager.h"
+
+#include "fakes/ConsoleCapture.h"
+#include "fakes/InMemoryServices.h"
+
+#include <QCoreApplication>
+#include <cstdio>
+#include <gtest/gtest.h>
+
+using namespace reelsmith;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Short {
+    static constexpr auto key = "key"_L1;
+    static constexpr auto id = "b"_L1;
+};
+
+struct Long { // 32 characters
+    static constexpr auto key = "key"_L1;
+    static inline const QString id = QString(32, u'a');
+};
+
+struct Wide { // one character of eleven units
+    static constexpr auto key = "key"_L1;
+    static inline const QString id = u"\U0001F468\u200D\U0001F469\u200D\U0001F467\u200D\U0001F466"_s;
+};
+
+struct Two {
+    static constexpr auto key = "key"_L1;
+    static constexpr auto id = "bc"_L1;
+};
+
+class ExperimentsTest : public testing::Test {
+protected:
+    QString participation() const {
+        return m_services.analytics->userProperties().value(u"participating_tests"_s);
+    }
+
+    InMemoryServices& m_services = InMemoryServices::fresh();
+};
+
+using ExperimentsDeathTest = ExperimentsTest;
+
+} // namespace
+
+TEST_F(ExperimentsTest, TheApplicationTakesPartInItsOneExperiment) {
+    const ConsoleCapture capture;
+    ABTestManager::shared().registerExperiments();
+    EXPECT_EQ(participation(), "|3|");
+    EXPECT_EQ(capture.lines(), QStringList{u"Compatible experiments: |3|"_s});
+}
+
+TEST_F(ExperimentsTest, ParticipationJoinsTheIdentifiersInOrder) {
+    ABTests::shared().registerExperiments<>();
+    EXPECT_EQ(participation(), "|");
+    ABTests::shared().registerExperiments<Short, Experiments::newVideoLayout>();
+    EXPECT_EQ(participation(), "|b|3|");
+}
+
+TEST_F(ExperimentsTest, ParticipationMayHave36CharactersAsAReaderCountsThem) {
+    ABTests::shared().registerExperiments<Long, Short>();
+    EXPECT_EQ(participation().size(), 36);
+    ABTests::shared().registerExperiments<Long, Wide>();
+    EXPECT_EQ(participation().size(), 46);
+}
+
+TEST_F(ExperimentsDeathTest, MoreThan36CharactersStopTheProcessOnceTheyArePrinted) {
+    const auto registerTooMuch = [] {
+        setConsoleSink([](const QString& line) { std::fprintf(stderr, "%s\n", qUtf8Printable(line)); });
+        ABTests::shared().registerExperiments<Long, Two>();
+    };
+    EXPECT_DEATH(
+        registerTooMuch(),
+        "Compatible experiments: \\|a+\\|bc\\|\n"
+        "RemoteSettings/ABTests:32: Fatal error: Experiment keys can't have more than 36 characters");
+}
+
+TEST_F(ExperimentsTest, TheVariantIsTheRemoteTextOfThisMoment) {
+    const auto variant = [] { return ABTestManager::shared().variant<Experiments::newVideoLayout>(); };
+    EXPECT_EQ(variant(), "default");
+    m_services.remoteConfig->setActivatedValues({{u"new_video_layout_test"_s, u"variant_a"_s}});
+    EXPECT_EQ(variant(), "variant_a");
+    m_services.remoteConfig->setActivatedValues({{u"new_video_layout_test"_s, u""_s}});
+    EXPECT_EQ(variant(), "default");
+}
+
+TEST_F(ExperimentsTest, TheInstallationTokenIsRefreshedAndPrinted) {
+    const ConsoleCapture capture;
+    const auto print = [] {
+        ABTests::shared().printInstallationAuthToken();
+        QCoreApplication::sendPostedEvents();
+    };
+    print();
+    EXPECT_TRUE(capture.lines().isEmpty());
+    m_services.installations->setToken(u"token"_s);
+    print();
+    m_services.installations->setError({u"offline"_s});
+    print();
+    EXPECT_EQ(capture.lines(),
+              (QStringList{u"Installation auth token: token#2"_s, u"Error fetching token: offline"_s}));
+}
+
+TEST_F(ExperimentsTest, PassthroughMovesEachQualityAboveLowOneStepUp) {
+    using enum ConversionQuality;
+    const struct {
+        ConversionQuality quality;
+        QLatin1StringView off, on;
+    } cases[] = {{low, AVAssetExportPresetLowQuality, AVAssetExportPresetLowQuality},
+                 {medium, AVAssetExportPresetMediumQuality, AVAssetExportPresetHighestQuality},
+                 {high, AVAssetExportPresetHighestQuality, AVAssetExportPresetPassthrough}};
+    for (const auto& [quality, off, on] : cases) {
+        const ConsoleCapture capture;
+        m_services.remoteConfig->setActivatedValues({{u"enable_passthrough_preset"_s, u"yes"_s}});
+        EXPECT_EQ(exportPresetName(quality), off);
+        m_services.remoteConfig->setActivatedValues({{u"enable_passthrough_preset"_s, u"1"_s}});
+        EXPECT_EQ(exportPresetName(quality), on);
+        EXPECT_EQ(capture.lines(),
+                  (QStringList{u"Passthrough enabled: false"_s, u"Passthrough enabled: true"_s}));
+        EXPECT_EQ(exportPresetName(quality, false), off);
+    }
+}

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/foundation/UserDefaults.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <csignal>
+#include <gtest/gtest.h>
+#include <limits>
+#include <memory>
+#include <sys/resource.h>
+#include <thread>
+#include <vector>
+
+using namespace reelsmith;
+
+namespace {
+
+const QString key = QStringLiteral("Key");
+
+class UserDefaultsTest : public testing::Test {
+protected:
+    QByteArray stored() const {
+        QFile file(m_path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    void store(const QByteArray& content) const {
+        QFile file(m_path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_EQ(file.write(content), content.size());
+    }
+
+    std::unique_ptr<QProcess> incrementInAnotherProcess(const QString& name, int count) const {
+        auto process = std::make_unique<QProcess>();
+        process->setProcessChannelMode(QProcess::ForwardedChannels);
+        process->start(QCoreApplication::applicationFilePath(),
+                       {QStringLiteral("--increment"), m_path, name, QString::number(count)});
+        return process;
+    }
+
+    QTemporaryDir m_folder;
+    const QString m_path = m_folder.filePath(QStringLiteral("settings.conf"));
+    UserDefaults m_defaults{m_path};
+};
+
+} // namespace
+
+TEST_F(UserDefaultsTest, WhatWasNeverWrittenReadsAsNothing) {
+    EXPECT_FALSE(m_defaults.boolForKey(key));
+    EXPECT_EQ(m_defaults.integerForKey(key), 0);
+    EXPECT_FALSE(m_defaults.objectForKey(key).isValid());
+}
+
+TEST_F(UserDefaultsTest, RegisteredDefaultsAnswerUntilAValueIsStoredAndAreNeverPersisted) {
+    m_defaults.registerDefaults({{key, true}, {QStringLiteral("Number"), 7}});
+    EXPECT_TRUE(m_defaults.boolForKey(key));
+    EXPECT_EQ(m_defaults.integerForKey(QStringLiteral("Number")), 7);
+    m_defaults.setBoolForKey(false, key);
+    EXPECT_FALSE(m_defaults.boolForKey(key));
+    EXPECT_EQ(stored(), "[General]\nKey=false\n");
+}
+
+TEST_F(UserDefaultsTest, ADamagedFileReadsAsEmptyAndTakesTheNextWrite) {
+    const QByteArray damages[] = {QByteArray(64, '\0'),
+                                  "Key",
+                                  "[General\nKey=",
+                                  "[General]\nKey=@Variant(\\0\\x1\n",
+                                  "[General]\nKey=nonsense\n",
+                                  "\xff\xfe\x01=\x02[[]=\n"};
+    for (const QByteArray& damage : damages) {
+        SCOPED_TRACE(damage.toStdString());
+        store(damage);
+        UserDefaults defaults(m_path);
+        defaults.registerDefaults({{key, 7}});
+        EXPECT_EQ(defaults.integerForKey(key), 7);
+        EXPECT_FALSE(m_defaults.boolForKey(key));
+        EXPECT_EQ(m_defaults.incrementIntegerForKey(key), 1);
+        EXPECT_EQ(defaults.integerForKey(key), 1);
+    }
+}
+
+TEST_F(UserDefaultsTest, AWriteThatFailsLeavesTheFileAsItWas) {
+    m_defaults.setIntegerForKey(4, key);
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit usual{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &usual), 0);
+    const rlimit nothing{0, usual.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &nothing), 0);
+    m_defaults.setIntegerForKey(5, key);
+    setrlimit(RLIMIT_FSIZE, &usual);
+    EXPECT_EQ(stored(), "[General]\nKey=4\n");
+}
+
+TEST_F(UserDefaultsTest, NoIncrementIsLostBetweenThreads) {
+    std::vector<std::jthread> threads;
+    for (int i = 0; i < 4; ++i)
+        threads.emplace_back([this] {
+            UserDefaults own(m_path);
+            for (int n = 0; n < 25; ++n) {
+                m_defaults.incrementIntegerForKey(key);
+                own.incrementIntegerForKey(key);
+            }
+        });
+    threads.clear();
+    EXPECT_EQ(m_defaults.integerForKey(key), 200);
+}
+
+TEST_F(UserDefaultsTest, NoIncrementIsLostBetweenProcessesOnOneKeyOrOnSeveral) {
+    constexpr int count = 200;
+    const auto same = incrementInAnotherProcess(key, count);
+    const auto other = incrementInAnotherProcess(QStringLiteral("Other"), count);
+    for (int i = 0; i < count; ++i)
+        m_defaults.incrementIntegerForKey(key);
+    for (QProcess* process : {same.get(), other.get()}) {
+        ASSERT_TRUE(process->waitForFinished());
+        ASSERT_EQ(process->exitCode(), 0);
+    }
+    EXPECT_EQ(m_defaults.integerForKey(key), 2 * count);
+    EXPECT_EQ(m_defaults.integerForKey(QStringLiteral("Other")), count);
+}
+
+TEST_F(UserDefaultsTest, StandardIsAFileInTheConfigurationFolder) {
+    UserDefaults::standard().setBoolForKey(true, key);
+    EXPECT_TRUE(QFile::exists(qEnvironmentVariable("XDG_CONFIG_HOME") + "/reelsmith/reelsmith.conf"));
+}
+
+using UserDefaultsDeathTest = UserDefaultsTest;
+
+TEST_F(UserDefaultsDeathTest, IncrementingTheGreatestIntegerStopsTheProcess) {
+    m_defaults.setIntegerForKey(std::numeric_limits<qint64>::max(), key);
+    EXPECT_DEATH(m_defaults.incrementIntegerForKey(key), "Fatal error: Integer overflow");
+}
