@@ -100,8 +100,9 @@ void FileManager::tellObservers(const QUrl& url) const {
         const std::lock_guard lock(m_mutex);
         observers = m_observers;
     }
+    const QUrl plain = fileUrl(filePath(url));
     for (const ChangeObserver& observer : observers)
-        observer(url);
+        observer(plain);
 }
 
 } // namespace reelsmith

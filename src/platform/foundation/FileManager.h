@@ -15,7 +15,8 @@ namespace reelsmith {
 /// The file layer. As a phone's sandbox would, it changes nothing outside the documents folder. Any thread.
 class FileManager {
 public:
-    /// Is told of a file or folder that was removed or replaced, on the thread that did it.
+    /// Is told of a file or folder that was removed or replaced, on the thread that did it, by a URL without
+    /// "..".
     using ChangeObserver = std::function<void(const QUrl&)>;
 
     static FileManager& defaultManager();

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "library/ConvertedVideo.h"
+
+#include "library/MediaTexts.h"
+#include "library/ThumbnailCache.h"
+#include "platform/avfoundation/AVAssetImageGenerator.h"
+#include "platform/foundation/Console.h"
+#include "platform/foundation/DispatchQueue.h"
+#include "platform/foundation/URLs.h"
+
+#include <QUuid>
+#include <algorithm>
+
+namespace reelsmith {
+
+namespace {
+
+constexpr QSize maximumThumbnailSize{500, 500};
+constexpr std::int64_t thumbnailTicks = 2;
+
+UIImage makeThumbnail(const QUrl& url) {
+    const AVAsset asset(url);
+    AVAssetImageGenerator generator(asset);
+    generator.appliesPreferredTrackTransform = true;
+    generator.maximumSize = maximumThumbnailSize;
+    const CMTime duration = asset.duration();
+    const auto image = generator.copyCGImage({std::min(duration.value, thumbnailTicks), duration.timescale});
+    if (!image) {
+        console(image.error().localizedDescription);
+        return {};
+    }
+    return UIImage(*image);
+}
+
+UIImage cachedThumbnail(const QUrl& url) {
+    ThumbnailCache& cache = ThumbnailCache::shared();
+    if (const std::optional<UIImage> kept = cache.image(url))
+        return *kept;
+    const ThumbnailCache::Moment begin = cache.now();
+    const UIImage made = makeThumbnail(url);
+    if (!made.isEmpty())
+        cache.insert(url, made, begin);
+    return made;
+}
+
+} // namespace
+
+QString ConvertedVideo::name() const {
+    const QStringList components = pathComponents(m_url);
+    return components.isEmpty() ? QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper()
+                                : components.last();
+}
+
+void ConvertedVideo::thumbnail(std::function<void(const UIImage&)> completion) const {
+    DispatchQueue::global(QualityOfService::UserInitiated)
+        .async([url = m_url, completion = std::move(completion)] {
+            const UIImage image = cachedThumbnail(url);
+            DispatchQueue::main().async([image, completion] { completion(image); });
+        });
+}
+
+QString ConvertedVideo::durationText() const {
+    return reelsmith::durationText(AVAsset(m_url).duration().seconds());
+}
+
+std::optional<QString> ConvertedVideo::resolutionText() const {
+    const std::vector<AVAssetTrack> tracks = AVAsset(m_url).tracks(AVMediaType::Video);
+    if (tracks.empty())
+        return std::nullopt;
+    const AVAssetTrack& track = tracks.front();
+    return reelsmith::resolutionText(track.preferredTransform.applied(track.naturalSize), QLocale::system());
+}
+
+} // namespace reelsmith

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/uikit/UIImage.h"
+
+#include <QString>
+#include <QUrl>
+#include <functional>
+#include <optional>
+
+namespace reelsmith {
+
+/// One converted file in the library. All but its URL is found out each time it is asked for.
+class ConvertedVideo {
+public:
+    explicit ConvertedVideo(QUrl url) : m_url(std::move(url)) {}
+
+    const QUrl& url() const { return m_url; }
+
+    /// The file's name with its ending; a new UUID at each call where the URL has no path.
+    QString name() const;
+
+    /// Hands over a picture from near the start, at most 500 by 500 pixels; an empty one where the file has
+    /// none. Made on a background queue unless kept from an earlier call; `completion` is called once, on the
+    /// main queue.
+    void thumbnail(std::function<void(const UIImage&)> completion) const;
+
+    /// Hours, minutes and seconds, cut to whole ones: "01:02:05". Waits for the file to be read.
+    QString durationText() const;
+
+    /// Width and height as shown, grouped as the system writes numbers: "1,920x1,080". Nothing without a
+    /// video track. Waits for the file to be read.
+    std::optional<QString> resolutionText() const;
+
+    bool operator==(const ConvertedVideo&) const = default;
+
+private:
+    QUrl m_url;
+};
+
+} // namespace reelsmith

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "library/FileSystem.h"
+
+#include "platform/avfoundation/TemporaryOutput.h"
+#include "platform/foundation/Console.h"
+#include "platform/foundation/DocumentsFolder.h"
+#include "platform/foundation/FileManager.h"
+#include "platform/foundation/URLs.h"
+
+namespace reelsmith {
+
+namespace {
+
+QUrl folder(const QString& name) {
+    return appendingPathComponent(documentsFolder(), name);
+}
+
+const QString outputsName = QStringLiteral("outputs");
+const QString downloadsName = QStringLiteral("downloads");
+const QString firstPassName = QStringLiteral("firstPass");
+
+} // namespace
+
+FileSystem& FileSystem::shared() {
+    static FileSystem fileSystem;
+    return fileSystem;
+}
+
+void FileSystem::createFolders() {
+    for (const QString& name : {outputsName, downloadsName, firstPassName})
+        static_cast<void>(FileManager::defaultManager().createDirectory(folder(name)));
+}
+
+void FileSystem::clearDownloads() {
+    FileManager& files = FileManager::defaultManager();
+    const auto contents = files.contentsOfDirectory(folder(downloadsName));
+    if (!contents)
+        return;
+    for (const QUrl& url : *contents) {
+        console(QStringLiteral("Deleting: ") + url.toString(QUrl::FullyEncoded));
+        static_cast<void>(files.removeItem(url));
+    }
+}
+
+void FileSystem::removeLeftovers() {
+    TemporaryOutput::removeLeftovers(documentsFolder());
+    // Where outputs is a link, to a memory card say, the first sweep has not followed it.
+    TemporaryOutput::removeLeftovers(outputsFolder());
+}
+
+void FileSystem::deleteVideo(const QUrl& url) {
+    static_cast<void>(FileManager::defaultManager().removeItem(url));
+}
+
+std::optional<QList<ConvertedVideo>> FileSystem::convertedVideos() const {
+    const auto contents = FileManager::defaultManager().contentsOfDirectory(outputsFolder());
+    if (!contents)
+        return std::nullopt;
+    QList<ConvertedVideo> videos;
+    for (const QUrl& url : *contents)
+        videos.append(ConvertedVideo(url));
+    return videos;
+}
+
+QUrl FileSystem::outputsFolder() const {
+    return folder(outputsName);
+}
+
+} // namespace reelsmith
