@@ -18,6 +18,8 @@ ExportThreads::ExportThreads() {
 
 void ExportThreads::start(const std::shared_ptr<CancellableExport>& running, std::function<void()> work) {
     const std::lock_guard lock(m_mutex);
+    if (m_isOver)
+        return;
     std::erase_if(m_running, [](const auto& other) { return other.expired(); });
     m_running.push_back(running);
     m_threads.start(std::move(work));
@@ -26,6 +28,7 @@ void ExportThreads::start(const std::shared_ptr<CancellableExport>& running, std
 void ExportThreads::endAll() {
     {
         const std::lock_guard lock(m_mutex);
+        m_isOver = true;
         for (const auto& weak : m_running) {
             if (const auto running = weak.lock())
                 running->cancel();

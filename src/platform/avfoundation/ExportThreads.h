@@ -23,7 +23,7 @@ class ExportThreads {
 public:
     static ExportThreads& shared();
 
-    /// Calls `work` on a thread of its own.
+    /// Calls `work` on a thread of its own, or not at all when the application has ended.
     void start(const std::shared_ptr<CancellableExport>& running, std::function<void()> work);
 
 private:
@@ -31,6 +31,7 @@ private:
     void endAll();
 
     std::mutex m_mutex;
+    bool m_isOver = false;
     std::vector<std::weak_ptr<CancellableExport>> m_running;
     QThreadPool m_threads;
 };
