@@ -108,7 +108,7 @@ TEST_F(UserDefaultsTest, NoIncrementIsLostBetweenThreads) {
 }
 
 TEST_F(UserDefaultsTest, NoIncrementIsLostBetweenProcessesOnOneKeyOrOnSeveral) {
-    constexpr int count = 200;
+    constexpr int count = 80;
     const auto same = incrementInAnotherProcess(key, count);
     const auto other = incrementInAnotherProcess(QStringLiteral("Other"), count);
     for (int i = 0; i < count; ++i)
