@@ -2,7 +2,8 @@
 #include "platform/foundation/UserDefaults.h"
 
 #include <QCoreApplication>
-#include <QFile>
+#include <QDateTime>
+#include <QFileInfo>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <csignal>
@@ -91,6 +92,17 @@ TEST_F(UserDefaultsTest, AWriteThatFailsLeavesTheFileAsItWas) {
     m_defaults.setIntegerForKey(5, key);
     setrlimit(RLIMIT_FSIZE, &usual);
     EXPECT_EQ(stored(), "[General]\nKey=4\n");
+}
+
+// Other processes know a changed file by it.
+TEST_F(UserDefaultsTest, EachWriteGivesTheFileALaterTime) {
+    QDateTime before;
+    for (qint64 value = 10; value < 30; ++value) {
+        m_defaults.setIntegerForKey(value, key);
+        const QDateTime after = QFileInfo(m_path).lastModified();
+        EXPECT_TRUE(!before.isValid() || after > before);
+        before = after;
+    }
 }
 
 TEST_F(UserDefaultsTest, NoIncrementIsLostBetweenThreads) {
