@@ -6,16 +6,7 @@
 #include "media/Handles.h"
 #include "media/Orienter.h"
 #include "media/PlanarScaler.h"
-#if __has_include("media/ToneMapper.h")
 #include "media/ToneMapper.h"
-#else
-namespace reelsmith::media {
-struct ToneMapper {
-    ToneMapper(const ColourTags&, double) {}
-    Result<FrameHandle> map(const AVFrame&) { return failure(ErrorCode::Unsupported, "no tone mapping yet"); }
-};
-} // namespace reelsmith::media
-#endif
 
 #include <memory>
 #include <optional>
