@@ -76,7 +76,8 @@ void MediaService::stop() {
 void MediaService::serve() {
     while (const std::shared_ptr<MediaRequest> request = takeNext())
         finish(request, attempt(*request));
-    dropWorker();
+    const std::lock_guard lock(m_mutex);
+    m_worker.reset();
 }
 
 std::shared_ptr<MediaRequest> MediaService::takeNext() {

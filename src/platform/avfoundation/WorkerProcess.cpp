@@ -10,9 +10,13 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <spawn.h>
-#include <sys/pidfd.h>
 #include <sys/wait.h>
 #include <system_error>
+
+// This header of glibc 2.36 forgets that C++ is another language.
+extern "C" {
+#include <sys/pidfd.h>
+}
 
 namespace reelsmith {
 

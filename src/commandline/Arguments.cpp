@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "commandline/Arguments.h"
+
+#include "conversion/OutputName.h"
+#include "platform/foundation/URLs.h"
+
+#include <set>
+
+namespace reelsmith {
+
+namespace {
+
+using Command = Arguments::Command;
+using Check = tl::expected<void, QString>;
+
+tl::unexpected<QString> wrong(const QString& text) {
+    return tl::unexpected<QString>(text);
+}
+
+bool isWebAddress(const std::string& source) {
+    const QString text = QString::fromStdString(source);
+    return text.startsWith(QStringLiteral("http://"), Qt::CaseInsensitive) ||
+           text.startsWith(QStringLiteral("https://"), Qt::CaseInsensitive);
+}
+
+/// Goes through the words after the command.
+class Parser {
+public:
+    Parser(Arguments& arguments, std::vector<std::string> words)
+        : m_arguments(arguments), m_words(std::move(words)) {}
+
+    Check parse() {
+        while (m_next < m_words.size()) {
+            const std::string word = m_words[m_next++];
+            if (m_areOptionsOver || word == "-" || !word.starts_with('-')) {
+                m_arguments.sources.push_back(word);
+            } else if (word == "--") {
+                m_areOptionsOver = true;
+            } else if (auto good = parseOption(word); !good) {
+                return good;
+            }
+        }
+        return {};
+    }
+
+private:
+    Check parseOption(const std::string& word) {
+        const bool isConvert = m_arguments.command == Command::Convert;
+        const std::size_t equals = word.starts_with("--") ? word.find('=') : std::string::npos;
+        const std::string option = word.substr(0, equals);
+        if (isConvert && (option == "-q" || option == "--quality"))
+            return parseQuality(value(word, equals));
+        if (isConvert && (option == "-n" || option == "--name"))
+            return parseName(value(word, equals));
+        if (word == "-h" || word == "--help")
+            m_arguments.command = Command::Help;
+        else if (word == "-v" || word == "--verbose")
+            m_arguments.isVerbose = true;
+        else if (word == "--json")
+            m_arguments.isJson = true;
+        else
+            return wrong(QStringLiteral("there is no option ") + QString::fromStdString(option));
+        return {};
+    }
+
+    std::optional<std::string> value(const std::string& word, std::size_t equals) {
+        if (equals != std::string::npos)
+            return word.substr(equals + 1);
+        return m_next < m_words.size() ? std::optional(m_words[m_next++]) : std::nullopt;
+    }
+
+    Check parseQuality(const std::optional<std::string>& value) {
+        if (value == "low")
+            m_arguments.quality = ConversionQuality::low;
+        else if (value == "medium")
+            m_arguments.quality = ConversionQuality::medium;
+        else if (value == "high")
+            m_arguments.quality = ConversionQuality::high;
+        else
+            return wrong(QStringLiteral("the quality is low, medium or high"));
+        return {};
+    }
+
+    Check parseName(const std::optional<std::string>& value) {
+        if (!value || value->empty())
+            return wrong(QStringLiteral("the name must not be empty"));
+        m_arguments.name = QString::fromStdString(*value);
+        return {};
+    }
+
+    Arguments& m_arguments;
+    const std::vector<std::string> m_words;
+    std::size_t m_next = 0;
+    bool m_areOptionsOver = false;
+};
+
+Check checkSources(const Arguments& arguments) {
+    if (arguments.sources.empty())
+        return wrong(QStringLiteral("there is nothing to convert"));
+    if (arguments.name && arguments.sources.size() > 1)
+        return wrong(QStringLiteral("a name is for one SOURCE only"));
+    std::set<std::filesystem::path> outputs;
+    for (const std::string& source : arguments.sources) {
+        const QString text = QString::fromStdString(source);
+        if (source.empty())
+            return wrong(QStringLiteral("a SOURCE must not be empty"));
+        if (isWebAddress(source))
+            return wrong(text + QStringLiteral(": web addresses are not yet supported"));
+        const QUrl output = outputUrl(outputBaseName(arguments.name, fileUrl(source)));
+        if (!outputs.insert(filePath(output)).second)
+            return wrong(text + QStringLiteral(" would give the same output as a SOURCE before it"));
+    }
+    return {};
+}
+
+} // namespace
+
+tl::expected<Arguments, QString> Arguments::parse(const std::vector<std::string>& words) {
+    Arguments arguments;
+    if (words.empty())
+        return arguments;
+    const std::string& command = words.front();
+    if (command == "--help" || command == "-h")
+        arguments.command = Command::Help;
+    else if (command == "--version")
+        arguments.command = Command::Version;
+    else if (command == "convert")
+        arguments.command = Command::Convert;
+    else if (command == "list")
+        arguments.command = Command::List;
+    else if (command.starts_with('-'))
+        return wrong(QStringLiteral("there is no option ") + QString::fromStdString(command));
+    if (arguments.command != Command::Convert && arguments.command != Command::List)
+        return arguments;
+
+    Check good = Parser(arguments, {words.begin() + 1, words.end()}).parse();
+    if (good && arguments.command == Command::Convert)
+        good = checkSources(arguments);
+    if (good && arguments.command == Command::List && !arguments.sources.empty())
+        good = wrong(QStringLiteral("list takes no names"));
+    if (!good)
+        return wrong(good.error());
+    return arguments;
+}
+
+QString Arguments::help() {
+    return QStringLiteral(R"(Reelsmith turns video files into MP4 files.
+
+reelsmith convert SOURCE...       convert files, one after another
+    -q, --quality QUALITY         low, medium (the default) or high
+    -n, --name NAME               name of the result, without ending; for one SOURCE only
+    --json                        tell what happens on standard output, one JSON object a line
+    -v, --verbose                 show the log on standard error
+reelsmith list [--json]           name, duration and resolution of each converted file
+reelsmith --help | --version
+
+The results go to the folder Reelsmith/outputs in your documents folder; one of the same
+name is replaced. The path of each result is printed on standard output.
+
+Exit status: 0 all done, 1 a conversion failed, 2 wrong usage, 130 interrupted.
+)");
+}
+
+} // namespace reelsmith

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "commandline/CommandLine.h"
+
+#include "commandline/Arguments.h"
+#include "commandline/ConvertCommand.h"
+#include "commandline/InterruptSignals.h"
+#include "commandline/ListCommand.h"
+#include "commandline/LogFile.h"
+#include "commandline/StandardStreams.h"
+#include "library/FileSystem.h"
+#include "remote/ABTestManager.h"
+
+#include <QCoreApplication>
+#include <csignal>
+#include <unistd.h>
+
+namespace reelsmith {
+
+namespace {
+
+using Command = Arguments::Command;
+
+constexpr int exitWrongUsage = 2;
+
+// The steps of a launch that a command without a window takes too: no fetch, and downloads stay.
+void launch() {
+    FileSystem::shared().createFolders();
+    FileSystem::shared().removeLeftovers();
+    ABTestManager::shared().registerExperiments();
+}
+
+int convert(const Arguments& arguments) {
+    const auto format = arguments.isJson ? ConversionReport::Format::Json : ConversionReport::Format::Text;
+    const bool hasProgressLine = ::isatty(STDERR_FILENO) == 1 && !arguments.isVerbose;
+    ConvertCommand command(arguments, ConversionReport(format, hasProgressLine));
+    const InterruptSignals interrupt([&command] { command.interrupt(); });
+    command.start();
+    return QCoreApplication::exec();
+}
+
+int convertOrList(const Arguments& arguments) {
+    const LogFile log(arguments.isVerbose ? LogFile::Copy::StandardError : LogFile::Copy::None);
+    launch();
+    return arguments.command == Command::List ? listConvertedVideos(arguments) : convert(arguments);
+}
+
+int run(const Arguments& arguments) {
+    switch (arguments.command) {
+    case Command::Help:
+        printLine(Arguments::help().trimmed().toStdString());
+        return 0;
+    case Command::Version:
+        printLine("reelsmith " REELSMITH_VERSION);
+        return 0;
+    case Command::Convert:
+    case Command::List:
+        return convertOrList(arguments);
+    case Command::Window:
+        break;
+    }
+    printErrorLine(
+        QStringLiteral("There is no window yet; \"reelsmith --help\" shows what can be done without one."));
+    return exitWrongUsage;
+}
+
+} // namespace
+
+int runCommandLine(int argc, char** argv) {
+    // A reader of standard output that has gone must not keep a conversion from being cleaned up.
+    std::signal(SIGPIPE, SIG_IGN);
+    const std::vector<std::string> words(argv + 1, argv + argc);
+    QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationVersion(QStringLiteral(REELSMITH_VERSION));
+    const auto arguments = Arguments::parse(words);
+    if (!arguments) {
+        printErrorLine(QStringLiteral("reelsmith: ") + arguments.error());
+        printErrorLine(QStringLiteral("\"reelsmith --help\" tells how it is used."));
+        return exitWrongUsage;
+    }
+    return run(*arguments);
+}
+
+} // namespace reelsmith

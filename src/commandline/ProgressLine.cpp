@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "commandline/ProgressLine.h"
+
+#include <cmath>
+#include <cstdio>
+
+namespace reelsmith {
+
+namespace {
+
+// Before this the pace says nothing.
+constexpr double leastFraction = 0.01;
+
+QString timeText(qint64 seconds) {
+    const QString minutesAndSeconds =
+        QStringLiteral("%1:%2")
+            .arg(seconds / 60 % 60, seconds < 3600 ? 1 : 2, 10, QLatin1Char('0'))
+            .arg(seconds % 60, 2, 10, QLatin1Char('0'));
+    return seconds < 3600 ? minutesAndSeconds : QStringLiteral("%1:").arg(seconds / 3600) + minutesAndSeconds;
+}
+
+void print(const QByteArray& text) {
+    std::fwrite(text.constData(), 1, static_cast<std::size_t>(text.size()), stderr);
+    std::fflush(stderr);
+}
+
+} // namespace
+
+void ProgressLine::begin(const QString& name) {
+    m_name = name;
+    m_begin = std::chrono::steady_clock::now();
+}
+
+void ProgressLine::show(double fraction) {
+    const auto elapsed = std::chrono::steady_clock::now() - m_begin;
+    print("\r\033[K" + text(m_name, fraction, std::chrono::floor<std::chrono::seconds>(elapsed)).toUtf8());
+    m_isShown = true;
+}
+
+void ProgressLine::clear() {
+    if (m_isShown)
+        print("\r\033[K");
+    m_isShown = false;
+}
+
+QString ProgressLine::text(const QString& name, double fraction, std::chrono::seconds elapsed) {
+    const QString percent = QStringLiteral("%1 %").arg(static_cast<int>(fraction * 100), 3);
+    if (fraction < leastFraction)
+        return percent + QStringLiteral("  ") + name;
+    const double left = static_cast<double>(elapsed.count()) * (1 - fraction) / fraction;
+    return percent + QStringLiteral("  ") + timeText(std::llround(left)) + QStringLiteral(" left  ") + name;
+}
+
+} // namespace reelsmith
