@@ -4,6 +4,7 @@ import ctypes
 import dataclasses
 import os
 import pathlib
+import shutil
 import subprocess
 import threading
 import time
@@ -60,6 +61,8 @@ class PeakSampler(threading.Thread):
 
 def run(command, environment=None):
     """Runs a command to its end; one that fails ends the benchmark with its words."""
+    if not shutil.which(command[0]):
+        raise SystemExit(f"not found: {command[0]}")
     os.sync()  # what the run before left to write is not this one's cost
     start = time.monotonic()
     process = subprocess.Popen([str(word) for word in command], env=environment, stdin=subprocess.DEVNULL,
