@@ -49,11 +49,12 @@ Result<const Track*> chooseVideo(const MediaInfo& info) {
     return track;
 }
 
-VideoPlan planVideo(const Track& track, Preset preset) {
+VideoPlan planVideo(const Track& track, const MediaInfo& info, Preset preset) {
     const PresetRules rules = rulesOf(preset);
     VideoPlan plan;
     plan.track = track.index;
-    if (preset == Preset::Passthrough && mp4Holds(track.codec) && track.hasSimpleEdits)
+    if (preset == Preset::Passthrough && isCopyable(track, info.container) && track.hasSimpleEdits &&
+        track.startsOnKeyFrame)
         plan.treatment = Treatment::Copy;
     plan.orientation = orientationFromDisplayMatrix(track.displayMatrix.data());
     plan.scaled = scaledSize(track, rules);
@@ -90,7 +91,8 @@ AudioPlan planAudio(const Track& track, const MediaInfo& info, Preset preset) {
     plan.bitRate = plan.channels == 1 ? rules.monoBitRate : rules.stereoBitRate;
     // Elsewhere a sound track may start, pause and jump as it likes, which only new samples can follow.
     const bool hasSteadyClock = info.container.find("mp4") != std::string::npos;
-    const bool isPassed = preset == Preset::Passthrough && mp4Holds(track.codec) && track.hasSimpleEdits;
+    const bool isPassed =
+        preset == Preset::Passthrough && isCopyable(track, info.container) && track.hasSimpleEdits;
     if (isPassed || (hasSteadyClock && isCopiedByAnyPreset(track, plan.bitRate)))
         plan.treatment = Treatment::Copy;
     return plan;
@@ -126,7 +128,7 @@ Result<ExportPlan> planExport(const MediaInfo& info, Preset preset,
         return tl::unexpected(video.error());
     ExportPlan plan;
     plan.preset = preset;
-    plan.video = planVideo(**video, preset);
+    plan.video = planVideo(**video, info, preset);
     for (const Track* sound : chosenSounds(info, preset, languages))
         plan.sounds.push_back(planAudio(*sound, info, preset));
     for (const Track& track : info.tracks) {

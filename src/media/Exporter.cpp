@@ -166,6 +166,11 @@ Result<std::string> exportVideo(const ExportJob& job, std::function<void(double)
         return tl::unexpected(source.error());
     MediaInfo info = probe(**source);
     auto plan = planExport(info, job.preset, job.languages);
+    if (plan && plan->video.treatment == Treatment::Copy) {
+        info.tracks[static_cast<std::size_t>(plan->video.track)].startsOnKeyFrame =
+            (*source)->startsOnKeyFrame(plan->video.track);
+        plan = planExport(info, job.preset, job.languages);
+    }
     if (!plan)
         return tl::unexpected(plan.error());
     return Exporter(**source, std::move(*plan), std::move(info), job, std::move(progress)).run();

@@ -30,6 +30,8 @@ struct Track {
     bool isDefault = false;
     /// Kept as it stands by a copy: at most one edit, which starts on a frame that needs no earlier one.
     bool hasSimpleEdits = true;
+    /// Whether the first packet is a key frame; true where nobody has looked.
+    bool startsOnKeyFrame = true;
     std::string language; ///< as the container writes it, in lower case; empty when unknown
     AVRational timeBase{1, 1};
     std::int64_t bitRate = 0;   ///< bits a second; 0 when unknown

@@ -50,12 +50,17 @@ std::string languageOf(const AVStream* stream) {
     return language == "und" ? std::string() : language;
 }
 
-/// Whether the index shows one edit at the most, and no hidden frames before its first.
+/// Whether a copy can keep the track's edits. Frames that edits hide are flagged in the index. A picture must
+/// not have any: hidden ones in front mean a start between key frames. Sound may hide its run-in.
 bool hasSimpleEdits(AVStream* stream) {
+    const bool isSound = stream->codecpar->codec_type == AVMEDIA_TYPE_AUDIO;
     const int count = avformat_index_get_entries_count(stream);
+    bool isShowing = false;
     for (int i = 0; i < count; ++i) {
-        if (avformat_index_get_entry(stream, i)->flags & AVINDEX_DISCARD_FRAME)
+        const bool isHidden = (avformat_index_get_entry(stream, i)->flags & AVINDEX_DISCARD_FRAME) != 0;
+        if (isHidden && (isShowing || !isSound))
             return false;
+        isShowing = isShowing || !isHidden;
     }
     return true;
 }

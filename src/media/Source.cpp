@@ -100,7 +100,30 @@ Result<void> Source::findTracks(Detail detail) {
     return {};
 }
 
+bool Source::startsOnKeyFrame(int track) {
+    constexpr std::size_t mostAhead = 2000;
+    while (m_ahead.size() < mostAhead) {
+        PacketHandle packet = readNext();
+        if (!packet)
+            break;
+        const bool isFirst = packet->stream_index == track;
+        const bool isKeyFrame = (packet->flags & AV_PKT_FLAG_KEY) != 0;
+        m_ahead.push_back(std::move(packet));
+        if (isFirst)
+            return isKeyFrame;
+    }
+    return false;
+}
+
 PacketHandle Source::readPacket() {
+    if (m_ahead.empty())
+        return readNext();
+    PacketHandle packet = std::move(m_ahead.front());
+    m_ahead.pop_front();
+    return packet;
+}
+
+PacketHandle Source::readNext() {
     PacketHandle packet = makePacket();
     for (int errors = 0; errors < maximumReadErrors; ++errors) {
         const int result = av_read_frame(m_context, packet.get());

@@ -6,6 +6,7 @@
 #include "media/Handles.h"
 
 #include <cstdint>
+#include <deque>
 #include <memory>
 
 namespace reelsmith::media {
@@ -35,6 +36,10 @@ public:
     /// container allows it.
     PacketHandle readPacket();
 
+    /// Reads on, if need be, until a packet of the track is there, and tells whether it is a key frame. The
+    /// packets read are not lost: readPacket() yields them first.
+    bool startsOnKeyFrame(int track);
+
     /// How much of the file has been read, 0…1.
     double fractionRead() const;
 
@@ -45,9 +50,11 @@ private:
     explicit Source(int descriptor);
     Result<void> openContainer();
     Result<void> findTracks(Detail detail);
+    PacketHandle readNext();
 
     DescriptorIo m_io;
     AVFormatContext* m_context = nullptr;
+    std::deque<PacketHandle> m_ahead; ///< read, but not yet handed out
     std::int64_t m_sizeBytes = 0;
 };
 

@@ -7,25 +7,14 @@
 #include <algorithm>
 #include <cmath>
 
-extern "C" {
-#include <libavutil/csp.h>
-}
-
 namespace reelsmith::media {
 
 namespace {
 
 constexpr double unitNits = 100;
 
-/// Y, Cb and Cr; 0…1 and twice -0.5…0.5.
-using Signal = std::array<double, 3>;
-
-/// Share of red, green and blue in Y.
-Light lumaWeights(AVColorSpace matrix) {
-    const AVLumaCoefficients* known = av_csp_luma_coeffs_from_avcsp(matrix);
-    const AVLumaCoefficients& weights = known ? *known : *av_csp_luma_coeffs_from_avcsp(AVCOL_SPC_BT2020_NCL);
-    return {av_q2d(weights.cr), av_q2d(weights.cg), av_q2d(weights.cb)};
-}
+/// Share of red, green and blue in the luma of BT.709.
+constexpr Light luma{0.2126, 0.7152, 0.0722};
 
 /// A filmic curve by John Hable (Uncharted 2): nearly straight in the shadows, with a long shoulder.
 double filmic(double light) {
@@ -33,34 +22,27 @@ double filmic(double light) {
     return (light * (light * a + b * c) + d * e) / (light * (light * a + b) + d * f) - e / f;
 }
 
-/// Follows one colour from the source's signal to that of an SDR display.
+/// Follows one colour from the source's signals to those of an SDR display.
 class ToneMap {
 public:
     ToneMap(const ColourTags& source, double peakNits)
         : m_isHlg(source.transfer == AVCOL_TRC_ARIB_STD_B67),
-          m_luma(lumaWeights(source.matrix)),
           m_luminance(luminanceWeights(source.primaries)),
           m_toBt709(gamutToBt709(source.primaries)),
           m_peak(filmic((m_isHlg ? hlgPeakNits : std::clamp(peakNits, unitNits, 10000.0)) / unitNits)) {}
 
-    Signal operator()(const Signal& signal) const {
+    Light operator()(const Light& signal) const {
         Light light = m_toBt709 * decoded(signal);
         const double strongest = std::max({light[0], light[1], light[2], 1e-6});
         const double scale = filmic(strongest) / (m_peak * strongest);
         for (double& primary : light)
             primary = sdrSignal(primary * scale);
-        const Light luma = lumaWeights(AVCOL_SPC_BT709);
-        const double y = luma[0] * light[0] + luma[1] * light[1] + luma[2] * light[2];
-        return {y, (light[2] - y) / (2 - 2 * luma[2]), (light[0] - y) / (2 - 2 * luma[0])};
+        return light;
     }
 
 private:
     /// Light on the display that the source is meant for, in units of unitNits.
-    Light decoded(const Signal& signal) const {
-        const double red = signal[0] + signal[2] * (2 - 2 * m_luma[0]);
-        const double blue = signal[0] + signal[1] * (2 - 2 * m_luma[2]);
-        const double green = (signal[0] - m_luma[0] * red - m_luma[2] * blue) / m_luma[1];
-        Light light{red, green, blue};
+    Light decoded(Light light) const {
         if (!m_isHlg) {
             for (double& primary : light)
                 primary = pqToNits(primary) / unitNits;
@@ -76,38 +58,33 @@ private:
     }
 
     bool m_isHlg;
-    Light m_luma;
     Light m_luminance;
     LightMatrix m_toBt709;
     double m_peak;
 };
 
-std::uint64_t packed(const Signal& signal) {
-    const std::array<double, 3> codes{16 + 219 * signal[0], 128 + 224 * signal[1], 128 + 224 * signal[2]};
+/// The entry for signals in BT.709.
+std::uint64_t packed(const Light& signal) {
+    const double y = luma[0] * signal[0] + luma[1] * signal[1] + luma[2] * signal[2];
+    const double cb = (signal[2] - y) / (2 - 2 * luma[2]);
+    const double cr = (signal[0] - y) / (2 - 2 * luma[0]);
     std::uint64_t entry = 0;
-    for (std::size_t i = 3; i-- > 0;)
+    for (const double code : {128 + 224 * cr, 128 + 224 * cb, 16 + 219 * y})
         entry = entry << ToneTable::fieldBits |
-                static_cast<std::uint64_t>(std::lround(codes[i] * (1 << ToneTable::fractionBits)));
+                static_cast<std::uint64_t>(std::lround(code * (1 << ToneTable::fractionBits)));
     return entry;
 }
 
 } // namespace
 
 ToneTable::ToneTable(const ColourTags& source, double peakNits) {
-    const bool isFull = source.range == AVCOL_RANGE_JPEG;
-    const double black = isFull ? 0 : 16 * 256;
-    const double lumaRange = isFull ? 65535 : 219 * 256;
-    const double chromaRange = isFull ? 65535 : 224 * 256;
     const ToneMap map(source, peakNits);
-    constexpr int lumaNodes = (65536 >> lumaCellBits) + 1;
-    constexpr int chromaNodes = (65536 >> chromaCellBits) + 1;
-    m_entries.reserve(static_cast<std::size_t>(lumaNodes) * chromaNodes * chromaNodes);
-    const auto chroma = [chromaRange](int node) { return ((node << chromaCellBits) - 32768) / chromaRange; };
-    for (int cr = 0; cr < chromaNodes; ++cr) {
-        for (int cb = 0; cb < chromaNodes; ++cb) {
-            for (int y = 0; y < lumaNodes; ++y)
-                m_entries.push_back(
-                    packed(map({((y << lumaCellBits) - black) / lumaRange, chroma(cb), chroma(cr)})));
+    const auto signal = [](int node) { return static_cast<double>(node) / whiteNode; };
+    m_entries.reserve(std::size_t{blueStep} * (cells + 1));
+    for (int blue = 0; blue <= cells; ++blue) {
+        for (int green = 0; green <= cells; ++green) {
+            for (int red = 0; red <= cells; ++red)
+                m_entries.push_back(packed(map({signal(red), signal(green), signal(blue)})));
         }
     }
 }

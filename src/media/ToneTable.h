@@ -8,27 +8,28 @@
 
 namespace reelsmith::media {
 
-/// What becomes of each HDR colour in SDR: a grid over the cube of 16-bit Y, Cb, Cr values, with the 8-bit
-/// limited BT.709 Y, Cb, Cr at its nodes. Greys lie on an edge of its cells, so that no interpolation tints
-/// them.
+/// What becomes of each HDR colour in SDR: a grid over the cube of red, green and blue signals, with the
+/// 8-bit limited BT.709 Y, Cb and Cr at its nodes. Greys lie on the diagonals of its cells, so that no
+/// interpolation tints them.
 ///
-/// Light is decoded with 100 nits as 1, brought into BT.709's primaries, compressed by a filmic curve
-/// ("Hable") over the strongest of red, green and blue, all three alike so that the hue stays, and encoded
-/// for an SDR display.
+/// Light is decoded with 100 nits as 1, brought into BT.709's primaries, compressed by a filmic curve over
+/// the strongest of red, green and blue, all three alike so that the hue stays, and encoded for an SDR
+/// display.
 class ToneTable {
 public:
-    static constexpr int lumaCellBits = 10; ///< a cell spans 2^10 values of Y, and 2^11 of Cb and Cr
-    static constexpr int chromaCellBits = 11;
-    static constexpr std::uint32_t lumaStep = 1; ///< from a node to the next, in entries
-    static constexpr std::uint32_t cbStep = (65536 >> lumaCellBits) + 1;
-    static constexpr std::uint32_t crStep = cbStep * ((65536 >> chromaCellBits) + 1);
+    static constexpr int cells = 32;            ///< along each axis
+    static constexpr int whiteNode = 27;        ///< where a signal is 1; HLG goes on above
+    static constexpr std::uint32_t redStep = 1; ///< from a node to the next, in entries
+    static constexpr std::uint32_t greenStep = cells + 1;
+    static constexpr std::uint32_t blueStep = greenStep * greenStep;
 
     /// An entry holds Y, Cb and Cr in units of 1/32, in three fields from the lowest bits up. They have room
     /// for being multiplied by weights that add up to 256, all three by one multiplication.
     static constexpr int fieldBits = 21;
     static constexpr int fractionBits = 5;
 
-    /// `source`: PQ or HLG. `peakNits`: the brightest light to expect in PQ; HLG has its own.
+    /// `source`: PQ or HLG; its matrix and range do not count here. `peakNits`: the brightest light to expect
+    /// in PQ; HLG has its own.
     ToneTable(const ColourTags& source, double peakNits);
 
     const std::uint64_t* entries() const { return m_entries.data(); }

@@ -34,22 +34,27 @@ const Track* chooseSound(const std::vector<const Track*>& candidates,
 
 } // namespace
 
-bool mp4Holds(AVCodecID codec) {
-    switch (codec) {
+bool isCopyable(const Track& track, const std::string& container) {
+    const auto comesFrom = [&container](const char* name) {
+        return container.find(name) != std::string::npos;
+    };
+    switch (track.codec) {
     case AV_CODEC_ID_H264:
     case AV_CODEC_ID_HEVC:
+    case AV_CODEC_ID_AAC:
+    case AV_CODEC_ID_AC3:
+    case AV_CODEC_ID_EAC3:
+        return comesFrom("mp4") || comesFrom("matroska") || comesFrom("flv") || comesFrom("mpegts");
+    case AV_CODEC_ID_MP3:
+        return comesFrom("mp4") || comesFrom("matroska") || comesFrom("flv");
     case AV_CODEC_ID_AV1:
     case AV_CODEC_ID_VP9:
     case AV_CODEC_ID_MPEG4:
     case AV_CODEC_ID_MPEG2VIDEO:
-    case AV_CODEC_ID_AAC:
-    case AV_CODEC_ID_MP3:
-    case AV_CODEC_ID_AC3:
-    case AV_CODEC_ID_EAC3:
     case AV_CODEC_ID_ALAC:
     case AV_CODEC_ID_FLAC:
     case AV_CODEC_ID_OPUS:
-        return true;
+        return comesFrom("mp4") || comesFrom("matroska");
     default:
         return false;
     }

@@ -9,8 +9,10 @@
 
 namespace reelsmith::media {
 
-/// Whether an MP4 file may carry this codec's packets so that ordinary players find their way.
-bool mp4Holds(AVCodecID codec);
+/// Whether an MP4 file may carry the track's packets as they come out of `container` (FFmpeg's name of it),
+/// so that ordinary players find their way: the codec has its place in MP4, each packet is one whole frame
+/// and has its time.
+bool isCopyable(const Track& track, const std::string& container);
 
 /// Subtitles made of text, not of pictures.
 bool isText(AVCodecID codec);

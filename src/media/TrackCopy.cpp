@@ -76,6 +76,9 @@ Result<void> TrackCopy::describe(const AVStream* stream, const Track& track) {
 }
 
 void TrackCopy::take(PacketHandle packet) {
+    // A piece cut off by the end of the file is no frame.
+    if (packet->flags & AV_PKT_FLAG_CORRUPT)
+        return;
     // What comes before the first key frame shows as grey mush.
     m_hasKeyFrame = m_hasKeyFrame || !m_isVideo || (packet->flags & AV_PKT_FLAG_KEY);
     if (!m_hasKeyFrame)
