@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Support.h"
+
+#include "commandline/Arguments.h"
+#include "commandline/LogFile.h"
+#include "commandline/ProgressLine.h"
+#include "platform/foundation/Console.h"
+#include "platform/foundation/URLs.h"
+
+using namespace reelsmith;
+using namespace Qt::StringLiterals;
+
+using Words = std::vector<std::string>;
+using CommandLine = ApplicationTest;
+
+TEST_F(CommandLine, OptionsAndSourcesMayStandInAnyOrder) {
+    const auto arguments = Arguments::parse({"convert", "a.mov", "-q", "high", "--name=x=y", "--json", "-v"});
+    ASSERT_TRUE(arguments);
+    EXPECT_EQ(arguments->command, Arguments::Command::Convert);
+    EXPECT_EQ(arguments->quality, ConversionQuality::high);
+    EXPECT_EQ(arguments->name, u"x=y"_s);
+    EXPECT_EQ(arguments->sources, Words{"a.mov"});
+    EXPECT_TRUE(arguments->isJson && arguments->isVerbose);
+
+    const auto plain = Arguments::parse({"convert", "--", "-q", "\xff.mov"});
+    ASSERT_TRUE(plain);
+    EXPECT_EQ(plain->quality, ConversionQuality::medium);
+    EXPECT_EQ(plain->sources, (Words{"-q", "\xff.mov"}));
+}
+
+TEST_F(CommandLine, WrongUsageIsRecognised) {
+    for (const Words& words : {
+             Words{"convert"},
+             Words{"convert", "-q", "best", "a"},
+             Words{"convert", "a", "-q"},
+             Words{"convert", "a", "-n"},
+             Words{"convert", "a", "--name="},
+             Words{"convert", "a", "b", "-n", "x"},
+             Words{"convert", "a", "--fast"},
+             Words{"convert", ""},
+             Words{"convert", "HTTPS://host/a.mp4"},
+             Words{"convert", "dir/a.mov", "a.b.avi"},
+             Words{"convert", "a", "./x/../a"},
+             Words{"list", "a"},
+             Words{"list", "-q", "low"},
+             Words{"--fast"},
+         })
+        EXPECT_FALSE(Arguments::parse(words)) << testing::PrintToString(words);
+    EXPECT_EQ(Arguments::parse({})->command, Arguments::Command::Window);
+    EXPECT_EQ(Arguments::parse({"clip.mov"})->command, Arguments::Command::Window);
+    EXPECT_EQ(Arguments::parse({"convert", "-h"})->command, Arguments::Command::Help);
+}
+
+TEST(ProgressLine, ShowsWhatIsLeftAtThePaceSoFar) {
+    using std::chrono::seconds;
+    EXPECT_EQ(ProgressLine::text(u"a.mp4"_s, 0, seconds(0)), u"  0 %  a.mp4"_s);
+    EXPECT_EQ(ProgressLine::text(u"a.mp4"_s, 0.5, seconds(65)), u" 50 %  1:05 left  a.mp4"_s);
+    EXPECT_EQ(ProgressLine::text(u"a.mp4"_s, 0.999, seconds(10)), u" 99 %  0:00 left  a.mp4"_s);
+    EXPECT_EQ(ProgressLine::text(u"a.mp4"_s, 0.1, seconds(420)), u" 10 %  1:03:00 left  a.mp4"_s);
+}
+
+TEST_F(CommandLine, TheLogTakesTheConsoleAndStartsAnewWhenLong) {
+    qputenv("XDG_STATE_HOME", m_folder.path().toUtf8());
+    const QUrl log = fileUrl(m_folder.filePath(u"reelsmith/reelsmith.log"_s).toStdString());
+    for (const QString& line : {u"first"_s, u"second"_s, QString(300 * 1024, u'x'), u"last"_s}) {
+        const LogFile file(LogFile::Copy::None);
+        console(line);
+    }
+    EXPECT_TRUE(contents(log).endsWith("last\n"));
+    EXPECT_FALSE(contents(log).contains("second"));
+    EXPECT_TRUE(contents(QUrl(log.toString() + u".1"_s)).contains("first\n"));
+}

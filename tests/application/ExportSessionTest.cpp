@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Support.h"
+
+#include "mediaworker/Channel.h"
+#include "platform/avfoundation/AVAssetExportSession.h"
+#include "platform/foundation/URLs.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace reelsmith;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Status = AVAssetExportSessionStatus;
+
+class ExportSession : public ApplicationTest {
+protected:
+    std::shared_ptr<AVAssetExportSession> session(const QByteArray& script, const QUrl& output) {
+        return session(file(u"source"_s, script), output);
+    }
+
+    static std::shared_ptr<AVAssetExportSession> session(const QUrl& source, const QUrl& output) {
+        auto session = AVAssetExportSession::initWithAsset(AVAsset(source), AVAssetExportPresetLowQuality);
+        session->setOutputURL(output);
+        session->setOutputFileType(AVFileType::MPEG4);
+        return session;
+    }
+
+    /// Runs an export and returns the status that its completion saw.
+    static Status exported(AVAssetExportSession& session) {
+        Status status = Status::Unknown;
+        session.exportAsynchronously([&] { status = session.status(); });
+        session.waitUntilEnded();
+        return status;
+    }
+};
+
+const QByteArray goodExport = "export write result\n";
+
+} // namespace
+
+TEST_F(ExportSession, OnlyAnUnknownPresetYieldsNone) {
+    EXPECT_EQ(AVAssetExportSession::initWithAsset(AVAsset(QUrl()), u"AVAssetExportPreset1280x720"_s),
+              nullptr);
+    const auto session = AVAssetExportSession::initWithAsset(AVAsset(QUrl()), AVAssetExportPresetPassthrough);
+    ASSERT_NE(session, nullptr);
+    EXPECT_EQ(session->status(), Status::Unknown);
+    EXPECT_EQ(session->progress(), 0);
+    EXPECT_FALSE(session->error());
+}
+
+TEST_F(ExportSession, TheResultTakesThePlaceOfTheOldFileWhenItIsComplete) {
+    const QUrl output = inOutputs(u"a.mp4"_s);
+    write(output, "old");
+    const auto session = this->session(goodExport, output);
+    EXPECT_EQ(exported(*session), Status::Completed);
+    EXPECT_EQ(session->progress(), 1);
+    EXPECT_FALSE(session->error());
+    EXPECT_EQ(contents(output), "result");
+    EXPECT_EQ(outputs(), QStringList{u"a.mp4"_s});
+    struct stat status {};
+    ASSERT_EQ(::stat(filePath(output).c_str(), &status), 0);
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    EXPECT_EQ(status.st_mode & 0777, 0644 & ~mask);
+}
+
+TEST_F(ExportSession, AFailureLeavesTheOldFileAndSaysWhy) {
+    const QUrl output = inOutputs(u"a.mp4"_s);
+    write(output, "old");
+    const QUrl folder = inOutputs(u"folder.mp4"_s);
+    std::filesystem::create_directory(filePath(folder));
+    struct Case {
+        const char* name;
+        QUrl source;
+        QUrl output;
+        const char* error;
+    };
+    const QUrl good = file(u"good"_s, goodExport);
+    for (const Case& bad : {
+             Case{"refused", file(u"1"_s, "export write half\nexport fail no video in it\n"), output,
+                  "no video in it"},
+             Case{"killed worker", file(u"2"_s, "export write half\nexport die\n"), output, "signal 9"},
+             Case{"no source", fileUrl("/nothing"), output, "/nothing"},
+             Case{"source is a folder", fileUrl(m_folder.path().toStdString()), output, "no regular file"},
+             Case{"outside the documents", good, fileUrl(m_folder.filePath(u"x"_s).toStdString()), "outside"},
+             Case{"climbs out", good, inOutputs(u"../../../x.mp4"_s), "outside"},
+             Case{"no folder", good, inOutputs(u"none/x.mp4"_s), "No such file"},
+             Case{"output is a folder", good, folder, "Is a directory"},
+             Case{"a NUL", good, inOutputs(u"x"_s + QChar(0)), "outside"},
+             Case{"name too long", good, inOutputs(QString(256, u'x')), "too long"},
+         }) {
+        const auto session = this->session(bad.source, bad.output);
+        EXPECT_EQ(exported(*session), Status::Failed) << bad.name;
+        ASSERT_TRUE(session->error()) << bad.name;
+        EXPECT_TRUE(session->error()->localizedDescription.contains(QLatin1StringView(bad.error)))
+            << bad.name << ": " << session->error()->localizedDescription.toStdString();
+        EXPECT_LT(session->progress(), 1) << bad.name;
+    }
+    EXPECT_EQ(contents(output), "old");
+    EXPECT_EQ(outputs(), (QStringList{u"a.mp4"_s, u"folder.mp4"_s}));
+}
+
+TEST_F(ExportSession, ANameMayBeAsLongAsAFileSystemAllows) {
+    const QString longest = QString(251, u'x') + u".mp4"_s;
+    EXPECT_EQ(exported(*session(goodExport, inOutputs(longest))), Status::Completed);
+    EXPECT_EQ(outputs(), QStringList{longest});
+}
+
+TEST_F(ExportSession, AFolderOfTheOutputMayBeALink) {
+    std::filesystem::create_directory_symlink(m_folder.path().toStdString(), filePath(inOutputs(u"card"_s)));
+    EXPECT_EQ(exported(*session(goodExport, inOutputs(u"card/a.mp4"_s))), Status::Completed);
+    EXPECT_TRUE(std::filesystem::exists(m_folder.filePath(u"a.mp4"_s).toStdString()));
+}
+
+TEST_F(ExportSession, ASourceMayBecomeItsOwnResult) {
+    const QUrl both = inOutputs(u"a.mp4"_s);
+    write(both, goodExport);
+    EXPECT_EQ(exported(*session(both, both)), Status::Completed);
+    EXPECT_NE(contents(both), goodExport);
+}
+
+TEST_F(ExportSession, CancellingEndsItInEveryPhase) {
+    const QUrl output = inOutputs(u"a.mp4"_s);
+    const auto early = session(goodExport, output);
+    early->cancelExport();
+    EXPECT_EQ(early->status(), Status::Cancelled);
+    EXPECT_EQ(exported(*early), Status::Cancelled);
+
+    const auto waiting = session("export hang\n", output);
+    waiting->exportAsynchronously([] {});
+    waiting->cancelExport();
+    waiting->waitUntilEnded();
+    EXPECT_EQ(waiting->status(), Status::Cancelled);
+
+    const auto exporting = session("export write half\nexport progress 0.25\nexport hang\n", output);
+    exporting->exportAsynchronously([] {});
+    ASSERT_TRUE(runLoopUntil([&exporting] { return exporting->progress() > 0; }));
+    EXPECT_EQ(exporting->status(), Status::Exporting);
+    EXPECT_EQ(exporting->progress(), 0.25F);
+    EXPECT_EQ(outputs().size(), 1);
+    exporting->cancelExport();
+    exporting->waitUntilEnded();
+    EXPECT_EQ(exporting->status(), Status::Cancelled);
+    EXPECT_FALSE(exporting->error());
+    EXPECT_EQ(outputs(), QStringList());
+
+    const auto completed = session(goodExport, output);
+    ASSERT_EQ(exported(*completed), Status::Completed);
+    completed->cancelExport();
+    EXPECT_EQ(completed->status(), Status::Completed);
+}
+
+TEST_F(ExportSession, ADroppedSessionsExportGoesOn) {
+    session(goodExport, inOutputs(u"a.mp4"_s))->exportAsynchronously([] {});
+    EXPECT_TRUE(runLoopUntil([] { return outputs() == QStringList{u"a.mp4"_s}; }));
+}
+
+TEST_F(ExportSession, ASecondStartIsFatal) {
+    EXPECT_DEATH(
+        {
+            const auto session = this->session("export hang\n", inOutputs(u"a.mp4"_s));
+            session->exportAsynchronously([] {});
+            session->exportAsynchronously([] {});
+        },
+        "Fatal error: An export session exports once");
+}
+
+TEST_F(ExportSession, LeftoversAreRemovedUnlessAProcessHoldsThem) {
+    std::filesystem::create_directory(filePath(inOutputs(u"sub"_s)));
+    write(inOutputs(u".reelsmith-dead0000.part"_s), "half");
+    write(inOutputs(u"sub/.reelsmith-dead0001.part"_s), "half");
+    write(inOutputs(u".reelsmith-kept"_s), {});
+    write(inOutputs(u".reelsmith-live0000.part"_s), "half");
+    const mediaworker::Descriptor held(
+        ::open(filePath(inOutputs(u".reelsmith-live0000.part"_s)).c_str(), O_RDWR | O_CLOEXEC));
+    ASSERT_EQ(::flock(held.number(), LOCK_EX | LOCK_NB), 0);
+
+    const auto running = session("export progress 0.5\nexport hang\n", inOutputs(u"a.mp4"_s));
+    running->exportAsynchronously([] {});
+    ASSERT_TRUE(runLoopUntil([&running] { return running->progress() > 0; }));
+    FileSystem::shared().removeLeftovers();
+    EXPECT_EQ(outputs().size(), 4) << outputs().join(u' ').toStdString();
+    EXPECT_TRUE(std::filesystem::is_empty(filePath(inOutputs(u"sub"_s))));
+    running->cancelExport();
+    running->waitUntilEnded();
+    EXPECT_EQ(outputs(), (QStringList{u".reelsmith-kept"_s, u".reelsmith-live0000.part"_s, u"sub"_s}));
+}

@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Support.h"
+
+#include "library/MediaTexts.h"
+#include "library/ThumbnailCache.h"
+#include "platform/foundation/DocumentsFolder.h"
+#include "platform/foundation/FileManager.h"
+#include "platform/foundation/URLs.h"
+
+#include <QRegularExpression>
+#include <limits>
+
+using namespace reelsmith;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Library : public ApplicationTest {
+protected:
+    static UIImage thumbnail(const QUrl& url) {
+        std::optional<UIImage> image;
+        ConvertedVideo(url).thumbnail([&image](const UIImage& made) { image = made; });
+        EXPECT_FALSE(image);
+        EXPECT_TRUE(runLoopUntil([&image] { return image.has_value(); }));
+        return image.value_or(UIImage());
+    }
+};
+
+UIImage picture(int bytes) {
+    return UIImage({1, bytes / 4, QByteArray(bytes, 'x')});
+}
+
+const QByteArray pictureScript = "probe properties 5 600 10 10 1 0 0 1\nthumbnail picture 10 10\n";
+
+} // namespace
+
+TEST_F(Library, TheFoldersAreMadeEvenWhereOneFails) {
+    std::filesystem::remove_all(filePath(documentsFolder()));
+    write(appendingPathComponent(documentsFolder(), u"outputs"_s), {});
+    FileSystem::shared().createFolders();
+    for (const QString& name : {u"downloads"_s, u"firstPass"_s})
+        EXPECT_TRUE(std::filesystem::is_directory(filePath(appendingPathComponent(documentsFolder(), name))));
+    EXPECT_FALSE(FileSystem::shared().convertedVideos());
+}
+
+TEST_F(Library, EveryVisibleEntryOfTheOutputsIsAVideo) {
+    EXPECT_EQ(FileSystem::shared().convertedVideos(), QList<ConvertedVideo>());
+    write(inOutputs(u".hidden.mp4"_s), {});
+    write(inOutputs(u"a b%é.txt"_s), {});
+    std::filesystem::create_directory(filePath(inOutputs(u"folder"_s)));
+    const auto videos = FileSystem::shared().convertedVideos();
+    ASSERT_TRUE(videos);
+    EXPECT_EQ(videos->size(), 2);
+    EXPECT_TRUE(videos->contains(ConvertedVideo(inOutputs(u"a b%é.txt"_s))));
+    EXPECT_TRUE(videos->contains(ConvertedVideo(inOutputs(u"folder"_s))));
+    std::filesystem::remove_all(filePath(FileSystem::shared().outputsFolder()));
+    EXPECT_EQ(FileSystem::shared().convertedVideos(), std::nullopt);
+}
+
+TEST_F(Library, DownloadsAreClearedWithALineForEach) {
+    const QUrl downloads = appendingPathComponent(documentsFolder(), u"downloads"_s);
+    write(appendingPathComponent(downloads, u"a b.mov"_s), {});
+    write(appendingPathComponent(downloads, u".hidden"_s), {});
+    FileSystem::shared().clearDownloads();
+    EXPECT_EQ(m_console.lines(),
+              QStringList{u"Deleting: "_s +
+                          appendingPathComponent(downloads, u"a b.mov"_s).toString(QUrl::FullyEncoded)});
+    EXPECT_EQ(FileManager::defaultManager().contentsOfDirectory(downloads), QList<QUrl>());
+    EXPECT_TRUE(std::filesystem::exists(filePath(appendingPathComponent(downloads, u".hidden"_s))));
+}
+
+TEST_F(Library, AVideoIsDeletedAndAMissingOneIsNoMatter) {
+    write(inOutputs(u"a.mp4"_s), {});
+    FileSystem::shared().deleteVideo(inOutputs(u"a.mp4"_s));
+    FileSystem::shared().deleteVideo(inOutputs(u"a.mp4"_s));
+    EXPECT_EQ(outputs(), QStringList());
+}
+
+TEST_F(Library, ANameIsTheLastComponentOrANewUuid) {
+    EXPECT_EQ(ConvertedVideo(inOutputs(u"holiday.mp4"_s)).name(), u"holiday.mp4"_s);
+    const ConvertedVideo nameless{QUrl()};
+    EXPECT_TRUE(QRegularExpression(u"^[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}$"_s)
+                    .match(nameless.name())
+                    .hasMatch());
+    EXPECT_NE(nameless.name(), nameless.name());
+}
+
+TEST_F(Library, AVideoTellsItsDurationAndItsResolutionAsShown) {
+    const ConvertedVideo portrait(file(u"a"_s, "probe properties 2235540 600 1920 1080 0 1 -1 0\n"));
+    EXPECT_EQ(portrait.durationText(), u"01:02:05"_s);
+    EXPECT_EQ(portrait.resolutionText(), resolutionText({1080, 1920}, QLocale::system()));
+    const ConvertedVideo text(file(u"b"_s, "probe fail no video\n"));
+    EXPECT_EQ(text.durationText(), u"00:00:00"_s);
+    EXPECT_EQ(text.resolutionText(), std::nullopt);
+}
+
+TEST_F(Library, AThumbnailIsKeptUntilItsFileChanges) {
+    const QUrl url = inOutputs(u"a.mp4"_s);
+    write(url, pictureScript);
+    EXPECT_EQ(thumbnail(url).size(), QSize(10, 10));
+    write(url, "thumbnail picture 20 20\n");
+    EXPECT_EQ(thumbnail(url).size(), QSize(10, 10));
+    write(inOutputs(u".new"_s), "thumbnail picture 30 30\n");
+    ASSERT_TRUE(FileManager::defaultManager().replaceItem(url, filePath(inOutputs(u".new"_s))));
+    EXPECT_EQ(thumbnail(url).size(), QSize(30, 30));
+    FileSystem::shared().deleteVideo(url);
+    EXPECT_TRUE(thumbnail(url).isEmpty());
+}
+
+TEST_F(Library, AThumbnailThatFailedIsTriedAgain) {
+    const QUrl url = file(u"a"_s, "thumbnail die\n");
+    EXPECT_TRUE(thumbnail(url).isEmpty());
+    EXPECT_EQ(m_console.lines(), QStringList{u"the media worker was ended by signal 9"_s});
+    write(url, pictureScript);
+    EXPECT_FALSE(thumbnail(url).isEmpty());
+}
+
+TEST(ThumbnailCache, TheLeastRecentlyUsedImageMakesRoom) {
+    ThumbnailCache cache(100);
+    const QUrl a(u"file:///a"_s), b(u"file:///b"_s), c(u"file:///c"_s);
+    cache.insert(a, picture(40), cache.now());
+    cache.insert(b, picture(40), cache.now());
+    cache.insert(b, picture(60), cache.now());
+    EXPECT_TRUE(cache.image(a));
+    cache.insert(c, picture(20), cache.now());
+    EXPECT_TRUE(cache.image(a));
+    EXPECT_FALSE(cache.image(b));
+    EXPECT_TRUE(cache.image(c));
+    cache.insert(b, picture(104), cache.now());
+    EXPECT_FALSE(cache.image(a) || cache.image(b) || cache.image(c));
+}
+
+TEST(ThumbnailCache, AnImageOfAFileThatHasChangedMeanwhileIsNotKept) {
+    ThumbnailCache cache(100);
+    const QUrl video(u"file:///folder/a"_s);
+    const ThumbnailCache::Moment begin = cache.now();
+    cache.forget(video);
+    cache.insert(video, picture(4), begin);
+    EXPECT_FALSE(cache.image(video));
+    cache.insert(video, picture(4), cache.now());
+    cache.forget(QUrl(u"file:///folder"_s));
+    EXPECT_FALSE(cache.image(video));
+}
+
+TEST(MediaTexts, DurationsAreCutToWholeSeconds) {
+    const std::map<double, QString> cases{{0, u"00:00:00"_s},       {0.99, u"00:00:00"_s},
+                                          {7, u"00:00:07"_s},       {3725.9, u"01:02:05"_s},
+                                          {442800, u"123:00:00"_s}, {3723, u"01:02:03"_s}};
+    for (const auto& [seconds, text] : cases)
+        EXPECT_EQ(durationText(seconds), text);
+}
+
+TEST(MediaTexts, DimensionsAreGroupedAsTheLocaleDoes) {
+    EXPECT_EQ(resolutionText({1920, -1080}, QLocale(u"en_US"_s)), u"1,920x1,080"_s);
+    EXPECT_EQ(resolutionText({1920, 1080}, QLocale(u"de_DE"_s)), u"1.920x1.080"_s);
+    EXPECT_EQ(resolutionText({1920, 1080}, QLocale(u"es_ES"_s)), u"1920x1080"_s);
+    EXPECT_EQ(resolutionText({std::numeric_limits<double>::quiet_NaN(), 2}, QLocale(u"en_US"_s)), u"--x2"_s);
+}
+
+TEST(MediaTextsDeathTest, ADurationThatIsNoNumberOfSecondsIsFatal) {
+    for (const double seconds :
+         {std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN(), 1e19})
+        EXPECT_DEATH(durationText(seconds), "Fatal error: A duration is no number of seconds");
+}

@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Support.h"
+
+#include "platform/avfoundation/AVAssetImageGenerator.h"
+#include "platform/avfoundation/ExportPresets.h"
+#include "platform/avfoundation/SourceFile.h"
+#include "platform/avfoundation/UserLanguages.h"
+#include "platform/avfoundation/WorkerProcess.h"
+#include "platform/foundation/URLs.h"
+
+#include <fcntl.h>
+#include <future>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+using namespace reelsmith;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Media = ApplicationTest;
+
+AVAssetImageGenerator thumbnailer(const QUrl& url) {
+    AVAssetImageGenerator generator{AVAsset(url)};
+    generator.appliesPreferredTrackTransform = true;
+    generator.maximumSize = QSize(500, 500);
+    return generator;
+}
+
+const QByteArray goodProbe = "probe properties 1490 400 1920 1080 0 1 -1 0\n";
+
+} // namespace
+
+TEST_F(Media, AnAssetTellsWhatTheWorkerFound) {
+    const AVAsset asset(file(u"a"_s, goodProbe));
+    EXPECT_TRUE(asset.isPlayable());
+    EXPECT_TRUE(asset.isExportable());
+    EXPECT_EQ(asset.duration(), (CMTime{1490, 400}));
+    EXPECT_DOUBLE_EQ(asset.duration().seconds(), 3.725);
+    const auto tracks = asset.tracks(AVMediaType::Video);
+    ASSERT_EQ(tracks.size(), 1U);
+    EXPECT_EQ(tracks[0].naturalSize, QSizeF(1920, 1080));
+    EXPECT_EQ(tracks[0].preferredTransform, (CGAffineTransform{0, 1, -1, 0}));
+    EXPECT_EQ(tracks[0].preferredTransform.applied(tracks[0].naturalSize), QSizeF(-1080, 1920));
+    EXPECT_EQ(asset.estimatedOutputFileLength(AVAssetExportPresetMediumQuality), 20);
+    EXPECT_EQ(asset.estimatedOutputFileLength(AVAssetExportPresetPassthrough), std::nullopt);
+    EXPECT_EQ(asset.estimatedOutputFileLength(u"no preset"_s), std::nullopt);
+}
+
+TEST_F(Media, WhatCannotBeReadHasNoProperties) {
+    for (const QUrl& url : {file(u"dying"_s, "probe die\n"), file(u"unknown"_s, "probe nonsense\n"),
+                            fileUrl("/nothing"), fileUrl("/dev/null"), QUrl(u"https://host/a.mp4"_s)}) {
+        const AVAsset asset(url);
+        EXPECT_FALSE(asset.isPlayable() || asset.isExportable()) << url.toString().toStdString();
+        EXPECT_EQ(asset.duration().seconds(), 0);
+        EXPECT_TRUE(asset.tracks(AVMediaType::Video).empty());
+    }
+    EXPECT_TRUE(AVAsset(file(u"next"_s, goodProbe)).isPlayable());
+}
+
+TEST_F(Media, OneQuestionIsAskedForAllProperties) {
+    const QUrl url = file(u"a"_s, goodProbe);
+    const AVAsset asset(url);
+    ASSERT_TRUE(asset.isPlayable());
+    std::filesystem::remove(filePath(url));
+    EXPECT_TRUE(AVAsset(asset).isExportable());
+}
+
+TEST_F(Media, APropertyThatDoesNotComeIsNotWaitedForForLongAndHoldsUpNobody) {
+    {
+        const AVAsset stuck(file(u"stuck"_s, "probe hang\n"));
+        EXPECT_FALSE(stuck.isPlayable());
+        EXPECT_EQ(stuck.duration().seconds(), 0);
+    }
+    EXPECT_TRUE(AVAsset(file(u"next"_s, goodProbe)).isPlayable());
+}
+
+TEST_F(Media, OnlyRegularFilesAreOpened) {
+    const std::string fifo = m_folder.filePath(u"fifo"_s).toStdString();
+    ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+    sockaddr_un address{AF_UNIX, "reelsmith-test-socket"};
+    const mediaworker::Descriptor socket(::socket(AF_UNIX, SOCK_STREAM, 0));
+    std::filesystem::current_path(m_folder.path().toStdString());
+    ASSERT_EQ(::bind(socket.number(), reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    for (const std::filesystem::path path :
+         {"/", "/dev/zero", "/nothing", "reelsmith-test-socket", fifo.c_str()}) {
+        const auto opened = openSourceFile(fileUrl(path));
+        ASSERT_FALSE(opened) << path;
+        EXPECT_FALSE(opened.error().localizedDescription.isEmpty());
+    }
+    EXPECT_TRUE(openSourceFile(file(u"a"_s)));
+}
+
+TEST_F(Media, APictureComesAsPixels) {
+    const auto image = thumbnailer(file(u"a"_s, "thumbnail picture 300 500\n")).copyCGImage({2, 600});
+    ASSERT_TRUE(image);
+    EXPECT_EQ(image->width, 300);
+    EXPECT_EQ(image->pixels, QByteArray(300 * 500 * 4, 'x'));
+}
+
+TEST_F(Media, AWorkerIsNotBelievedWhatItSaysOfItsPicture) {
+    for (const QByteArray script : {"thumbnail claim 501 500\n", "thumbnail claim 0 10\n", "thumbnail die\n",
+                                    "thumbnail picture 2000 2000\n", "probe die\n"})
+        EXPECT_FALSE(thumbnailer(file(u"a"_s, script)).copyCGImage({})) << script.toStdString();
+}
+
+TEST_F(Media, PropertiesOvertakeAThumbnailThatIsMadeAnewAfterwards) {
+    const QString mark = m_folder.filePath(u"mark"_s);
+    const QUrl slow = file(u"slow"_s, "thumbnail hangonce " + mark.toUtf8() + "\nthumbnail picture 10 10\n");
+    auto image = std::async(std::launch::async, [&slow] { return thumbnailer(slow).copyCGImage({}); });
+    ASSERT_TRUE(runLoopUntil([&mark] { return std::filesystem::exists(mark.toStdString()); }));
+    EXPECT_TRUE(AVAsset(file(u"a"_s, goodProbe)).isPlayable());
+    EXPECT_TRUE(image.get());
+}
+
+TEST_F(Media, AWorkerInheritsItsChannelAndNothingElse) {
+    const mediaworker::Descriptor inheritable(::open("/dev/null", O_RDONLY));
+    // 4 and 5 are the source and the output that come with the question.
+    const auto image = thumbnailer(file(u"a"_s, "thumbnail descriptors\n")).copyCGImage({});
+    ASSERT_FALSE(image);
+    EXPECT_EQ(image.error().localizedDescription, u"0 1 2 3 4 5 "_s);
+}
+
+TEST(WorkerProcess, AProgramThatIsNotThereIsAnOrdinaryFailure) {
+    WorkerProcess::setProgram("/nothing/here");
+    const auto worker = WorkerProcess::start(WorkerProcess::Role::Export);
+    WorkerProcess::setProgram(SCRIPTED_WORKER);
+    ASSERT_FALSE(worker);
+    EXPECT_TRUE(worker.error().localizedDescription.contains(u"/nothing/here"_s));
+}
+
+TEST(WorkerProcess, TheCauseOfADeathIsTold) {
+    auto killed = WorkerProcess::start(WorkerProcess::Role::Inspect);
+    ASSERT_TRUE(killed);
+    (*killed)->kill();
+    EXPECT_EQ((*killed)->causeOfDeath(), u"the media worker was ended by signal 9"_s);
+}
+
+TEST(UserLanguages, BothCodesOfALanguageAreNamedOnce) {
+    using Codes = std::vector<std::string>;
+    EXPECT_EQ(languageCodes({u"de-AT"_s, u"de"_s, u"en-US"_s}), (Codes{"deu", "ger", "eng"}));
+    EXPECT_EQ(languageCodes({u"C"_s, u"pt_BR"_s}), (Codes{"por"}));
+    EXPECT_EQ(languageCodes({}), Codes());
+}

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Support.h"
+
+#include "platform/foundation/DocumentsFolder.h"
+#include "platform/foundation/URLs.h"
+
+#include <QDir>
+#include <QEventLoop>
+#include <QFile>
+#include <QTimer>
+
+namespace reelsmith {
+
+bool runLoopUntil(const std::function<bool()>& isSo) {
+    QEventLoop loop;
+    QTimer look, limit;
+    QObject::connect(&look, &QTimer::timeout, &loop, [&] {
+        if (isSo())
+            loop.quit();
+    });
+    QObject::connect(&limit, &QTimer::timeout, &loop, &QEventLoop::quit);
+    look.start(1);
+    limit.start(std::chrono::seconds(30));
+    loop.exec();
+    return isSo();
+}
+
+ApplicationTest::ApplicationTest() {
+    std::filesystem::remove_all(filePath(documentsFolder()));
+    FileSystem::shared().createFolders();
+}
+
+QUrl ApplicationTest::file(const QString& name, const QByteArray& contents) const {
+    const QUrl url = fileUrl(m_folder.filePath(name).toStdString());
+    write(url, contents);
+    return url;
+}
+
+QUrl ApplicationTest::inOutputs(const QString& name) {
+    return appendingPathComponent(FileSystem::shared().outputsFolder(), name);
+}
+
+QStringList ApplicationTest::outputs() {
+    return QDir(FileSystem::shared().outputsFolder().toLocalFile())
+        .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
+}
+
+void ApplicationTest::write(const QUrl& url, const QByteArray& contents) {
+    QFile file(url.toLocalFile());
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << url.toString().toStdString();
+    file.write(contents);
+}
+
+QByteArray ApplicationTest::contents(const QUrl& url) {
+    QFile file(url.toLocalFile());
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace reelsmith

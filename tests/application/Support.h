@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "fakes/ConsoleCapture.h"
+#include "fakes/InMemoryServices.h"
+
+#include "library/FileSystem.h"
+
+#include <QTemporaryDir>
+#include <functional>
+#include <gtest/gtest.h>
+
+namespace reelsmith {
+
+/// Runs the event loop until something is so; false when it is not so in half a minute.
+bool runLoopUntil(const std::function<bool()>& isSo);
+
+/// A test with empty folders in the documents folder, a scripted worker, services in memory and a quiet
+/// console.
+class ApplicationTest : public testing::Test {
+protected:
+    ApplicationTest();
+
+    /// Writes a file into a folder of the test's own.
+    QUrl file(const QString& name, const QByteArray& contents = {}) const;
+
+    static QUrl inOutputs(const QString& name);
+
+    /// The names of all that is in the outputs folder, hidden files too.
+    static QStringList outputs();
+
+    static void write(const QUrl& url, const QByteArray& contents);
+    static QByteArray contents(const QUrl& url);
+
+    QTemporaryDir m_folder;
+    ConsoleCapture m_console;
+    InMemoryServices& m_services = InMemoryServices::fresh();
+};
+
+} // namespace reelsmith

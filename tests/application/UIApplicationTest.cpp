@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/uikit/UIApplication.h"
+
+#include "Support.h"
+
+#include "platform/foundation/OngoingWork.h"
+#include "platform/foundation/Timer.h"
+
+#include <thread>
+
+using namespace reelsmith;
+
+namespace {
+
+using std::chrono::hours;
+using std::chrono::milliseconds;
+
+struct CountingInhibitor : SleepInhibitor {
+    explicit CountingInhibitor(int& holds) : m_holds(holds) {}
+    void hold() override { ++m_holds; }
+    void letGo() override { --m_holds; }
+    int& m_holds;
+};
+
+class BackgroundTasks : public testing::Test {
+protected:
+    std::unique_ptr<UIApplication> application(UIApplication::TaskLimits limits) {
+        return std::make_unique<UIApplication>(std::make_unique<CountingInhibitor>(m_holds), limits);
+    }
+
+    int m_holds = 0;
+    QList<int> m_expired;
+};
+
+} // namespace
+
+TEST_F(BackgroundTasks, TheDeviceStaysAwakeWhileAnyTaskIsOpen) {
+    const auto application = this->application({hours(1), hours(1)});
+    const auto first = application->beginBackgroundTask({});
+    const auto second = application->beginBackgroundTask({});
+    EXPECT_NE(first, second);
+    EXPECT_EQ(m_holds, 1);
+    application->endBackgroundTask(first);
+    application->endBackgroundTask(first);
+    EXPECT_EQ(m_holds, 1);
+    int laterHolds = 0;
+    application->setSleepInhibitor(std::make_unique<CountingInhibitor>(laterHolds));
+    EXPECT_EQ(m_holds, 0);
+    EXPECT_EQ(laterHolds, 1);
+    application->endBackgroundTask(second);
+    EXPECT_EQ(laterHolds, 0);
+}
+
+TEST_F(BackgroundTasks, WithoutWorkEveryTaskExpiresOnceAndIsDropped) {
+    const auto application = this->application({milliseconds(1), hours(1)});
+    UIBackgroundTaskIdentifier ending = 0;
+    application->beginBackgroundTask([this] { m_expired.append(1); });
+    ending = application->beginBackgroundTask([&] {
+        m_expired.append(2);
+        application->endBackgroundTask(ending);
+    });
+    EXPECT_TRUE(runLoopUntil([this] { return m_holds == 0; }));
+    EXPECT_EQ(m_expired, (QList<int>{1, 2}));
+}
+
+TEST_F(BackgroundTasks, WorkKeepsATaskFromExpiringUntilItEnds) {
+    const auto application = this->application({milliseconds(1), hours(1)});
+    auto work = std::make_unique<OngoingWork>();
+    application->beginBackgroundTask([&] {
+        EXPECT_FALSE(work);
+        m_expired.append(1);
+    });
+    int ticks = 0;
+    const auto clock = Timer::scheduledTimer(milliseconds(1), [&ticks] { ++ticks; });
+    ASSERT_TRUE(runLoopUntil([&ticks] { return ticks > 20; }));
+    EXPECT_TRUE(m_expired.isEmpty());
+    std::thread([&work] { work.reset(); }).join();
+    EXPECT_TRUE(runLoopUntil([this] { return m_holds == 0; }));
+    EXPECT_EQ(m_expired, QList<int>{1});
+}
+
+TEST_F(BackgroundTasks, NoWorkKeepsATaskForEver) {
+    const auto application = this->application({hours(1), milliseconds(1)});
+    const OngoingWork work;
+    application->beginBackgroundTask([this] { m_expired.append(1); });
+    EXPECT_TRUE(runLoopUntil([this] { return m_holds == 0; }));
+    EXPECT_EQ(m_expired, QList<int>{1});
+}
+
+TEST(Timer, FiresAgainAndAgainUntilInvalidatedOnAnyThread) {
+    int count = 0;
+    const auto timer = Timer::scheduledTimer(milliseconds(1), [&count] { ++count; });
+    ASSERT_TRUE(runLoopUntil([&count] { return count >= 3; }));
+    std::thread([&timer] {
+        const Timer::Hold hold = timer->hold();
+        timer->invalidate();
+    }).join();
+    EXPECT_FALSE(timer->isValid());
+    const int last = count;
+    int others = 0;
+    const auto other = Timer::scheduledTimer(milliseconds(1), [&others] { ++others; });
+    ASSERT_TRUE(runLoopUntil([&others] { return others >= 3; }));
+    EXPECT_EQ(count, last);
+}
