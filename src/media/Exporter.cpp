@@ -141,6 +141,11 @@ void Exporter::annotate() {
     m_context.writer.annotate(annotations);
 }
 
+// The demuxer gives protected tracks the plain codec's tag, so that each packet has to be looked at.
+bool isEncrypted(const AVPacket& packet) {
+    return av_packet_get_side_data(&packet, AV_PKT_DATA_ENCRYPTION_INFO, nullptr) != nullptr;
+}
+
 void Exporter::readAll() {
     PacketClock clock(m_source.context());
     const bool hasDuration = m_info.durationSeconds() > 0;
@@ -151,6 +156,11 @@ void Exporter::readAll() {
         const auto sink = m_sinks.find(packet->stream_index);
         if (sink == m_sinks.end())
             continue;
+        if (isEncrypted(*packet)) {
+            if (packet->stream_index == m_plan.video.track)
+                m_context.latch.fail({ErrorCode::Encrypted, "The video is encrypted"});
+            continue;
+        }
         clock.mend(*packet);
         if (!hasDuration || m_plan.video.treatment == Treatment::Copy)
             m_context.report(m_source.fractionRead());
