@@ -1,0 +1,324 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Runs `reelsmith` with the real worker on small videos made here, as a user and as a hostile world would.
+
+    command_line_test.py REELSMITH [unittest options]
+
+Needs ffmpeg and ffprobe. The full-disk case needs root, for a small file system of its own, and is skipped otherwise.
+"""
+import json
+import os
+import pathlib
+import pty
+import select
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import unittest
+
+PROGRAM = None
+SOURCES = None  # made once, never written to
+
+
+def ffmpeg(*arguments):
+    subprocess.run(["ffmpeg", "-v", "error", "-y", *map(str, arguments)], check=True, stdin=subprocess.DEVNULL)
+
+
+def make_sources(folder):
+    picture = ["-f", "lavfi", "-i", "testsrc2=s=320x240:r=25:d=1"]
+    tone = ["-f", "lavfi", "-i", "sine=d=1"]
+    video = ["-c:v", "libx264", "-preset", "ultrafast", "-pix_fmt", "yuv420p"]
+    ffmpeg(*picture, *tone, *video, "-c:a", "aac", folder / "clip.mov")
+    ffmpeg("-f", "lavfi", "-i", "testsrc2=s=1280x720:r=30:d=20", *video, folder / "long.mkv")
+    ffmpeg(*tone, "-c:a", "aac", folder / "sound_only.mp4")
+    ffmpeg(*picture, "-frames:v", "1", folder / "picture.png")
+    ffmpeg(*picture, *video, "-encryption_scheme", "cenc-aes-ctr", "-encryption_key", "00" * 16,
+           "-encryption_kid", "11" * 16, folder / "encrypted.mp4")
+    ffmpeg(*picture, *video, "-t", "0", folder / "no_frames.mp4")
+    shutil.copy(folder / "picture.png", folder / "picture_as.mp4")
+    (folder / "playlist.mp4").write_text(f"#EXTM3U\n#EXTINF:1,\n{folder}/clip.mov\n#EXT-X-ENDLIST\n")
+    (folder / "script.mp4").write_text(f"ffconcat version 1.0\nfile '{folder}/clip.mov'\n")
+    (folder / "text.mp4").write_text("no video at all\n" * 100)
+    (folder / "empty.mp4").touch()
+    (folder / "truncated.mov").write_bytes((folder / "clip.mov").read_bytes()[:2000])
+    os.mkfifo(folder / "fifo.mp4")
+
+
+class CommandLine(unittest.TestCase):
+    def setUp(self):
+        self.home = pathlib.Path(tempfile.mkdtemp(prefix="reelsmith-test-"))
+        self.addCleanup(shutil.rmtree, self.home, ignore_errors=True)
+        self.outputs = self.home / "Documents/Reelsmith/outputs"
+        self.environment = {k: v for k, v in os.environ.items() if not k.startswith(("XDG_", "LC_", "LANG"))}
+        self.environment.update(HOME=str(self.home), LC_ALL="en_US.UTF-8")
+
+    def start(self, *words, **options):
+        return subprocess.Popen([PROGRAM, *map(os.fspath, words)], env=self.environment, stdin=subprocess.DEVNULL,
+                                stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, **options)
+
+    def run_to_end(self, *words):
+        """(exit status, standard output, standard error), both as lines."""
+        process = self.start(*words)
+        out, error = process.communicate(timeout=120)
+        return process.returncode, out.splitlines(), error.splitlines()
+
+    def start_and_wait_for_progress(self, *words):
+        """A conversion in its middle."""
+        process = self.start("convert", "--json", "--quality", "high", *words)
+        for line in process.stdout:
+            event = json.loads(line)
+            if event["event"] == "progress" and event["fraction"] > 0:
+                self.assertEqual(len(self.temporaries()), 1)
+                return process
+        self.fail(f"ended before any progress: {process.communicate()}")
+
+    def worker_of(self, process):
+        children = pathlib.Path(f"/proc/{process.pid}/task").glob("*/children")
+        numbers = [int(n) for children_of_thread in children for n in children_of_thread.read_text().split()]
+        exporting = [n for n in numbers if b"export" in pathlib.Path(f"/proc/{n}/cmdline").read_bytes()]
+        self.assertEqual(len(exporting), 1)
+        return exporting[0]
+
+    def temporaries(self):
+        return [p for p in (self.home / "Documents").rglob(".*") if p.suffix == ".part"]
+
+    def left(self):
+        """The names of all files in the documents folder."""
+        return sorted(p.name for p in (self.home / "Documents").rglob("*") if not p.is_dir())
+
+    def assert_converted(self, path, seconds=1):
+        probe = subprocess.run(["ffprobe", "-v", "error", "-of", "json", "-show_format", "-show_streams", str(path)],
+                               capture_output=True, check=True)
+        found = json.loads(probe.stdout)
+        self.assertEqual([s["codec_name"] for s in found["streams"] if s["codec_type"] == "video"], ["h264"])
+        self.assertAlmostEqual(float(found["format"]["duration"]), seconds, delta=0.2)
+
+    # What is asked for
+
+    def test_the_result_is_the_only_thing_on_standard_output(self):
+        status, out, error = self.run_to_end("convert", SOURCES / "clip.mov")
+        self.assertEqual((status, out, error), (0, [str(self.outputs / "clip.mp4")], []))
+        self.assert_converted(out[-1])
+        self.assertEqual(self.left(), ["clip.mp4"])
+        self.assertEqual(os.stat(out[-1]).st_mode & 0o777, 0o644 & ~self.umask())
+
+    @staticmethod
+    def umask():
+        mask = os.umask(0)
+        os.umask(mask)
+        return mask
+
+    def test_the_log_is_kept_and_shown_when_asked_for(self):
+        _, _, error = self.run_to_end("convert", "-v", SOURCES / "clip.mov")
+        self.assertEqual(error, ["Compatible experiments: |3|", "Passthrough enabled: false", "Playable: true",
+                                 "Exportable: true", "ENDED"])
+        log = (self.home / ".local/state/reelsmith/reelsmith.log").read_text().splitlines()
+        self.assertEqual([line.split(" ", 2)[2] for line in log], error)
+
+    def test_programs_are_told_by_events(self):
+        status, out, _ = self.run_to_end("convert", "--json", "-n", "x", SOURCES / "clip.mov")
+        events = [json.loads(line) for line in out]
+        self.assertEqual(status, 0)
+        self.assertEqual((events[0]["event"], events[-1]["event"]), ("start", "done"))
+        self.assertGreater(events[0]["bytes"], 0)
+        self.assertEqual(events[-1]["bytes"], (self.outputs / "x.mp4").stat().st_size)
+        for event in events:
+            self.assertEqual((event["source"], event["output"]),
+                             (str(SOURCES / "clip.mov"), str(self.outputs / "x.mp4")))
+        status, out, _ = self.run_to_end("convert", "--json", SOURCES / "text.mp4")
+        self.assertEqual(status, 1)
+        self.assertEqual([json.loads(line).get("reason") for line in out], [None, "Invalid file"])
+
+    def test_a_terminal_shows_how_far_it_has_come(self):
+        ours, theirs = pty.openpty()
+        status = subprocess.run([PROGRAM, "convert", SOURCES / "long.mkv"], env=self.environment, stderr=theirs,
+                                stdout=subprocess.DEVNULL).returncode
+        shown = os.read(ours, 100000).decode()
+        self.assertEqual(status, 0)
+        self.assertRegex(shown, r"\r\x1b\[K +\d+ %  \d+:\d\d left  long.mp4")
+        self.assertTrue(shown.endswith("\r\x1b[K"), "the line is taken away at the end")
+
+    def test_one_source_after_another_whatever_becomes_of_one(self):
+        status, out, error = self.run_to_end("convert", SOURCES / "text.mp4", SOURCES / "clip.mov")
+        self.assertEqual((status, out), (1, [str(self.outputs / "clip.mp4")]))
+        self.assertIn("Invalid file", error[0])
+
+    def test_the_list_reads_as_the_system_writes_numbers(self):
+        ffmpeg("-f", "lavfi", "-i", "color=s=1080x1920:d=1:r=5", self.home / "tall.mp4")
+        self.run_to_end("convert", "-q", "high", self.home / "tall.mp4")
+        self.assertEqual(self.run_to_end("list"), (0, ["tall.mp4\t00:00:01\t1,080x1,920"], []))
+        self.environment["LC_ALL"] = "de_DE.UTF-8"
+        status, out, _ = self.run_to_end("list", "--json")
+        self.assertEqual(json.loads(out[0]), {"name": "tall.mp4", "duration": "00:00:01", "resolution": "1.080x1.920",
+                                              "path": str(self.outputs / "tall.mp4")})
+
+    def test_what_the_output_folder_lists_are_visible_files_of_any_kind(self):
+        self.assertEqual(self.run_to_end("list"), (0, [], []))
+        (self.outputs / "notes.txt").write_text("hello")
+        (self.outputs / ".hidden").touch()
+        self.assertEqual(self.run_to_end("list"), (0, ["notes.txt\t00:00:00\t"], []))
+
+    def test_downloads_stay(self):
+        self.run_to_end("list")
+        (self.home / "Documents/Reelsmith/downloads/a.mov").touch()
+        self.run_to_end("convert", SOURCES / "clip.mov")
+        self.assertEqual(self.left(), ["a.mov", "clip.mp4"])
+
+    def test_wrong_usage_is_told_and_touches_nothing(self):
+        for words in ([], ["clip.mov"], ["convert"], ["convert", "-n", "", "a"], ["convert", "a", "dir/a.mov"],
+                      ["convert", "http://localhost/a.mp4"], ["--nonsense"]):
+            status, out, error = self.run_to_end(*words)
+            self.assertEqual((status, out), (2, []), words)
+            self.assertTrue(error, words)
+        self.assertEqual(self.left(), [])
+        for words, first in ((["--help"], "Reelsmith turns"), (["--version"], "reelsmith ")):
+            status, out, error = self.run_to_end(*words)
+            self.assertEqual((status, error), (0, []))
+            self.assertTrue(out[0].startswith(first))
+
+    # What bad input gets
+
+    def test_what_is_no_video_is_an_invalid_file_and_leaves_nothing(self):
+        names = ["missing.mp4", "empty.mp4", "truncated.mov", "text.mp4", "playlist.mp4", "script.mp4", "picture_as.mp4",
+                 "encrypted.mp4", "sound_only.mp4", "no_frames.mp4", "fifo.mp4", "."]
+        for source in [*(SOURCES / name for name in names), pathlib.Path("/dev/zero"), *self.unreadable()]:
+            with self.subTest(source=source):
+                status, out, error = self.run_to_end("convert", "-n", "x", source)
+                self.assertEqual((status, out, error[0]), (1, [], "Invalid file"))
+                self.assertGreater(len(error[1]), 10)
+                self.assertEqual(self.left(), [])
+
+    def unreadable(self):
+        if os.geteuid() == 0:
+            return []  # root reads everything
+        path = self.home / "unreadable.mp4"
+        shutil.copy(SOURCES / "clip.mov", path)
+        path.chmod(0)
+        return [path]
+
+    def test_names_that_no_file_can_have_fail_cleanly(self):
+        victim = self.home / "Documents/victim.mp4"
+        victim.parent.mkdir()
+        victim.write_text("kept")
+        for name in ("x" * 252, "é" * 126, "no/such/folder", "../../victim"):
+            with self.subTest(name=name):
+                status, out, error = self.run_to_end("convert", "-n", name, SOURCES / "clip.mov")
+                self.assertEqual((status, out, error[0]), (1, [], "Invalid file"))
+                self.assertEqual(self.left(), ["victim.mp4"])
+        self.assertEqual(victim.read_text(), "kept")
+
+    def test_names_that_a_file_can_have_convert(self):
+        for name in ("x" * 251, "é" * 125, "50% off? #1", "a\nb", " ", "-q", "firstPass/../y"):
+            with self.subTest(name=name):
+                status, _, error = self.run_to_end("convert", f"--name={name}", SOURCES / "clip.mov")
+                self.assertEqual((status, error), (0, []))
+                self.assertTrue((self.outputs / f"{name.split('/')[-1]}.mp4").is_file())
+
+    def test_a_source_whose_name_is_no_utf8_converts(self):
+        source = os.fsencode(self.home) + b"/l\xe4tin.mov"
+        shutil.copy(SOURCES / "clip.mov", source)
+        status, out, _ = self.run_to_end("convert", source)
+        self.assertEqual(status, 0)
+        self.assert_converted(out[0])
+
+    def test_a_result_takes_the_place_of_its_namesake(self):
+        self.run_to_end("convert", "-n", "x", SOURCES / "clip.mov")
+        before = (self.outputs / "x.mp4").read_bytes()
+        self.assertEqual(self.run_to_end("convert", "-q", "high", "-n", "x", SOURCES / "clip.mov")[0], 0)
+        self.assertNotEqual((self.outputs / "x.mp4").read_bytes(), before)
+        self.assertEqual(self.run_to_end("convert", "-n", "x", SOURCES / "text.mp4")[0], 1)
+        self.assertEqual(self.left(), [])
+
+    def test_a_library_file_may_be_its_own_source(self):
+        self.run_to_end("convert", "-n", "x", SOURCES / "clip.mov")
+        library_file = self.outputs / "x.mp4"
+        for source in (library_file, self.home / "link.mp4"):
+            if source != library_file:
+                source.symlink_to(library_file)
+            before = library_file.stat().st_ino
+            self.assertEqual(self.run_to_end("convert", "-n", "x", source)[0], 0)
+            self.assertNotEqual(library_file.stat().st_ino, before)
+            self.assert_converted(library_file)
+        library_file.write_text("no video")
+        self.assertEqual(self.run_to_end("convert", library_file)[0], 1)
+        self.assertEqual(library_file.read_text(), "no video")
+
+    def test_the_outputs_may_be_a_link_to_another_place(self):
+        self.run_to_end("list")
+        self.outputs.rmdir()
+        card = self.home / "card"
+        card.mkdir()
+        self.outputs.symlink_to(card)
+        (card / ".reelsmith-00000000.part").touch()
+        self.assertEqual(self.run_to_end("convert", SOURCES / "clip.mov")[0], 0)
+        self.assertEqual([p.name for p in card.iterdir()], ["clip.mp4"])
+
+    def test_an_outputs_folder_that_takes_no_files_fails_the_export(self):
+        self.run_to_end("list")
+        self.outputs.rmdir()
+        self.outputs.symlink_to(self.home / "card that is out")
+        status, out, error = self.run_to_end("convert", SOURCES / "clip.mov")
+        self.assertEqual((status, out, error[0]), (1, [], "Invalid file"))
+        status, out, error = self.run_to_end("list")
+        self.assertEqual((status, out, len(error)), (1, [], 1))
+
+    # What happens on the way
+
+    def test_an_interrupt_ends_with_130_and_leaves_nothing(self):
+        for number in (signal.SIGINT, signal.SIGTERM):
+            process = self.start_and_wait_for_progress(SOURCES / "long.mkv")
+            process.send_signal(number)
+            process.communicate(timeout=30)
+            self.assertEqual(process.returncode, 130)
+            self.assertEqual(self.left(), [])
+
+    def test_a_killed_worker_is_a_failed_export(self):
+        process = self.start_and_wait_for_progress(SOURCES / "long.mkv")
+        os.kill(self.worker_of(process), signal.SIGKILL)
+        _, error = process.communicate(timeout=30)
+        self.assertEqual((process.returncode, error.splitlines()),
+                         (1, ["Invalid file", "the media worker was ended by signal 9"]))
+        self.assertEqual(self.left(), [])
+
+    def test_what_a_killed_application_leaves_is_hidden_and_goes_at_the_next_start(self):
+        process = self.start_and_wait_for_progress(SOURCES / "long.mkv")
+        worker = os.pidfd_open(self.worker_of(process))
+        process.kill()
+        process.communicate()
+        with os.fdopen(worker) as ended:
+            self.assertTrue(select.select([ended], [], [], 30)[0], "the worker outlives the application")
+        self.assertEqual([p.name.startswith(".reelsmith-") for p in self.outputs.iterdir()], [True])
+        self.run_to_end("list")
+        self.assertEqual(self.left(), [])
+
+    def test_a_second_start_spares_the_conversion_that_runs(self):
+        process = self.start_and_wait_for_progress(SOURCES / "long.mkv")
+        self.assertEqual(self.run_to_end("list"), (0, [], []))
+        self.assertEqual(len(self.temporaries()), 1)
+        self.assertEqual(self.run_to_end("convert", "-n", "long", SOURCES / "clip.mov")[0], 0)
+        self.assert_converted(self.outputs / "long.mp4", seconds=1)
+        self.assertEqual(len(self.temporaries()), 1)
+        process.communicate(timeout=120)
+        self.assertEqual(process.returncode, 0)
+        self.assert_converted(self.outputs / "long.mp4", seconds=20)
+        self.assertEqual(self.left(), ["long.mp4"])
+
+    @unittest.skipUnless(os.geteuid() == 0, "a small file system to fill needs root")
+    def test_a_full_disk_fails_the_export_and_leaves_nothing(self):
+        self.run_to_end("list")
+        if subprocess.run(["mount", "-t", "tmpfs", "-o", "size=256k", "tmpfs", self.outputs], capture_output=True).returncode:
+            self.skipTest("no small file system may be mounted here")
+        self.addCleanup(subprocess.run, ["umount", self.outputs])
+        status, out, error = self.run_to_end("convert", "-q", "high", SOURCES / "long.mkv")
+        self.assertEqual((status, out, error[0]), (1, [], "Invalid file"))
+        self.assertEqual(self.left(), [])
+
+
+if __name__ == "__main__":
+    PROGRAM = os.path.abspath(sys.argv.pop(1))
+    with tempfile.TemporaryDirectory(prefix="reelsmith-sources-") as made:
+        SOURCES = pathlib.Path(made)
+        make_sources(SOURCES)
+        unittest.main(verbosity=2)
