@@ -9,34 +9,36 @@ namespace {
 
 constexpr AVRational microseconds{1, 1'000'000};
 
-/// Further ahead, or this far behind, is a jump and no pause or reordering.
+/// Further ahead of all tracks, or so far behind the track's own last packet, is a jump and no pause or
+/// reordering.
 constexpr std::int64_t jumpAhead = 10'000'000;
 constexpr std::int64_t jumpBehind = 1'000'000;
-
-constexpr std::int64_t unknown = INT64_MIN;
 
 } // namespace
 
 PacketClock::PacketClock(const AVFormatContext* context)
     : m_context(context),
       m_mayJump((context->iformat->flags & AVFMT_TS_DISCONT) != 0),
-      m_last(context->nb_streams, unknown) {}
+      m_tracks(context->nb_streams) {}
 
 void PacketClock::mend(AVPacket& packet) {
     const auto index = static_cast<std::size_t>(packet.stream_index);
-    if (!m_mayJump || packet.dts == AV_NOPTS_VALUE || index >= m_last.size())
+    if (!m_mayJump || packet.dts == AV_NOPTS_VALUE || index >= m_tracks.size())
         return;
     const AVRational timeBase = m_context->streams[index]->time_base;
     std::int64_t time = av_rescale_q(packet.dts, timeBase, microseconds) + m_shift;
-    const std::int64_t last = m_last[index];
-    if (last != unknown && (time > last + jumpAhead || time < last - jumpBehind)) {
+    Track& track = m_tracks[index];
+    if (track.hasBegun && (time > m_newest + jumpAhead || time < track.last - jumpBehind)) {
         // All tracks jump together: where the others stand already says how far.
-        const std::int64_t resumed =
-            std::max(last, *std::max_element(m_last.begin(), m_last.end()) - jumpBehind);
+        const std::int64_t resumed = std::max(track.last + track.step, m_newest - jumpBehind);
         m_shift += resumed - time;
         time = resumed;
+    } else if (track.hasBegun) {
+        track.step = std::max<std::int64_t>(0, time - track.last);
     }
-    m_last[index] = time;
+    track.hasBegun = true;
+    track.last = time;
+    m_newest = std::max(m_newest, time);
     const std::int64_t shift = av_rescale_q(m_shift, microseconds, timeBase);
     packet.dts += shift;
     if (packet.pts != AV_NOPTS_VALUE)

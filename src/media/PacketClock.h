@@ -18,10 +18,18 @@ public:
     void mend(AVPacket& packet);
 
 private:
+    /// Times are decoding times of mended packets, in microseconds.
+    struct Track {
+        bool hasBegun = false;
+        std::int64_t last = 0;
+        std::int64_t step = 0; ///< between the last two
+    };
+
     const AVFormatContext* m_context;
     bool m_mayJump;
-    std::int64_t m_shift = 0;         ///< microseconds
-    std::vector<std::int64_t> m_last; ///< decoding time of each track's last packet, mended, in microseconds
+    std::int64_t m_shift = 0; ///< microseconds
+    std::int64_t m_newest = INT64_MIN;
+    std::vector<Track> m_tracks;
 };
 
 } // namespace reelsmith::media

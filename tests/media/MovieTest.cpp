@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "MovieTest.h"
+
+#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+#include <unistd.h>
+
+extern "C" {
+#include <libavutil/log.h>
+}
+
+namespace reelsmith::media {
+
+OpenFile::OpenFile(const std::string& path, int flags) : m_descriptor(::open(path.c_str(), flags, 0600)) {
+    EXPECT_GE(m_descriptor, 0) << path;
+}
+
+OpenFile::~OpenFile() {
+    ::close(m_descriptor);
+}
+
+MovieTest::MovieTest() {
+    av_log_set_level(AV_LOG_QUIET);
+    std::string pattern = std::filesystem::temp_directory_path() / "reelsmith-XXXXXX";
+    const char* made = ::mkdtemp(pattern.data());
+    EXPECT_NE(made, nullptr);
+    m_folder = made ? made : "";
+}
+
+MovieTest::~MovieTest() {
+    std::filesystem::remove_all(m_folder);
+}
+
+std::string MovieTest::make(const std::string& name, const std::string& arguments) const {
+    const std::string command =
+        "cd '" + m_folder + "' && ffmpeg -nostdin -v error -y " + arguments + " '" + name + "'";
+    if (std::system(command.c_str()) != 0)
+        throw std::runtime_error(command);
+    return path(name);
+}
+
+std::string MovieTest::write(const std::string& name, const std::string& contents) const {
+    std::ofstream(path(name), std::ios::binary) << contents;
+    return path(name);
+}
+
+std::string MovieTest::contents(const std::string& path) {
+    std::ostringstream all;
+    all << std::ifstream(path, std::ios::binary).rdbuf();
+    return all.str();
+}
+
+MovieTest::Exported MovieTest::tryExport(const std::string& source, Preset preset,
+                                         const std::vector<std::string>& languages) const {
+    Exported exported;
+    exported.path = path("result.mp4");
+    const OpenFile from(source, O_RDONLY);
+    const OpenFile to(exported.path, O_RDWR | O_CREAT | O_TRUNC);
+    exported.result = exportVideo({from.descriptor(), to.descriptor(), preset, languages},
+                                  [&](double fraction) { exported.progress.push_back(fraction); });
+    return exported;
+}
+
+Movie MovieTest::convert(const std::string& source, Preset preset,
+                         const std::vector<std::string>& languages) const {
+    const Exported exported = tryExport(source, preset, languages);
+    if (!exported.result)
+        throw std::runtime_error(source + ": " + exported.result.error().text);
+    return Movie::read(exported.path);
+}
+
+std::string clockPictures(double rate, double seconds, const std::string& timing) {
+    return "-f lavfi -i \"nullsrc=s=64x48:r=" + std::to_string(rate) + ":d=" + std::to_string(seconds) +
+           (timing.empty() ? "" : "," + timing) + ",geq=lum='20+100*T':cb=128:cr=128,format=yuv420p\" ";
+}
+
+std::string tone(const std::string& amplitude, double seconds, const std::string& options) {
+    return "-f lavfi -i \"aevalsrc='(" + amplitude + ")*sin(2*PI*440*t)':d=" + std::to_string(seconds) +
+           ":s=48000" + options + "\" ";
+}
+
+} // namespace reelsmith::media
