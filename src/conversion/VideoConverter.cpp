@@ -89,12 +89,13 @@ void VideoConverter::beginBackgroundTask() {
 }
 
 void VideoConverter::scheduleTimer() {
-    const auto timer = Timer::scheduledTimer(progressInterval, [weak = weak_from_this()] {
+    auto timer = Timer::scheduledTimer(progressInterval, [weak = weak_from_this()] {
         if (const auto self = weak.lock())
             self->updateProgress(0);
     });
+    // An earlier timer must not end under the lock: its own is taken first elsewhere.
     const std::lock_guard lock(m_mutex);
-    m_timer = timer;
+    m_timer.swap(timer);
 }
 
 void VideoConverter::startExport(const QUrl& output, const Completion& completion) {
