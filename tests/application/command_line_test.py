@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Runs `reelsmith` with the real worker on small videos made here, as a user and as a hostile world would.
 
-    command_line_test.py REELSMITH [unittest options]
+    command_line_test.py REELSMITH REELSMITH_WITH_PASSTHROUGH [unittest options]
 
 Needs ffmpeg and ffprobe. The full-disk case needs root, for a small file system of its own, and is skipped otherwise.
 """
@@ -19,6 +19,7 @@ import tempfile
 import unittest
 
 PROGRAM = None
+PASSTHROUGH_PROGRAM = None
 SOURCES = None  # made once, never written to
 
 
@@ -54,13 +55,13 @@ class CommandLine(unittest.TestCase):
         self.environment = {k: v for k, v in os.environ.items() if not k.startswith(("XDG_", "LC_", "LANG"))}
         self.environment.update(HOME=str(self.home), LC_ALL="en_US.UTF-8")
 
-    def start(self, *words, **options):
-        return subprocess.Popen([PROGRAM, *map(os.fspath, words)], env=self.environment, stdin=subprocess.DEVNULL,
-                                stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, **options)
+    def start(self, *words, program=None):
+        return subprocess.Popen([program or PROGRAM, *map(os.fspath, words)], env=self.environment, text=True,
+                                stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
 
-    def run_to_end(self, *words):
+    def run_to_end(self, *words, program=None):
         """(exit status, standard output, standard error), both as lines."""
-        process = self.start(*words)
+        process = self.start(*words, program=program)
         out, error = process.communicate(timeout=120)
         return process.returncode, out.splitlines(), error.splitlines()
 
@@ -116,6 +117,23 @@ class CommandLine(unittest.TestCase):
                                  "Exportable: true", "ENDED"])
         log = (self.home / ".local/state/reelsmith/reelsmith.log").read_text().splitlines()
         self.assertEqual([line.split(" ", 2)[2] for line in log], error)
+
+    def test_the_log_holds_the_cause_of_a_failure(self):
+        _, _, error = self.run_to_end("convert", SOURCES / "text.mp4")
+        log = (self.home / ".local/state/reelsmith/reelsmith.log").read_text().splitlines()
+        self.assertEqual([line.split(" ", 2)[2] for line in log[-2:]], ["FAILED", error[1]])
+
+    def test_with_passthrough_on_high_copies_the_frames(self):
+        status, out, _ = self.run_to_end("convert", "-q", "high", SOURCES / "clip.mov", program=PASSTHROUGH_PROGRAM)
+        self.assertEqual(status, 0)
+        self.assertEqual(self.frames(out[0]), self.frames(SOURCES / "clip.mov"))
+        out = self.run_to_end("convert", "-q", "low", SOURCES / "clip.mov", program=PASSTHROUGH_PROGRAM)[1]
+        self.assertNotEqual(self.frames(out[0]), self.frames(SOURCES / "clip.mov"))
+
+    @staticmethod
+    def frames(path):
+        return subprocess.run(["ffmpeg", "-v", "error", "-i", str(path), "-map", "0:v", "-f", "framemd5", "-"],
+                              capture_output=True, check=True).stdout
 
     def test_programs_are_told_by_events(self):
         status, out, _ = self.run_to_end("convert", "--json", "-n", "x", SOURCES / "clip.mov")
@@ -318,6 +336,7 @@ class CommandLine(unittest.TestCase):
 
 if __name__ == "__main__":
     PROGRAM = os.path.abspath(sys.argv.pop(1))
+    PASSTHROUGH_PROGRAM = os.path.abspath(sys.argv.pop(1))
     with tempfile.TemporaryDirectory(prefix="reelsmith-sources-") as made:
         SOURCES = pathlib.Path(made)
         make_sources(SOURCES)

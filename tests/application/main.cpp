@@ -3,6 +3,7 @@
 
 #include <QCoreApplication>
 #include <QTemporaryDir>
+#include <cstring>
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
@@ -11,8 +12,9 @@ int main(int argc, char** argv) {
         qputenv(variable, home.path().toUtf8());
 
     QCoreApplication application(argc, argv);
-    reelsmith::WorkerProcess::setProgram(SCRIPTED_WORKER);
     testing::InitGoogleTest(&argc, argv);
+    if (argc < 2 || std::strcmp(argv[1], "--real-worker") != 0)
+        reelsmith::WorkerProcess::setProgram(SCRIPTED_WORKER);
     testing::GTEST_FLAG(death_test_style) = "threadsafe";
     return RUN_ALL_TESTS();
 }
