@@ -15,13 +15,19 @@ namespace {
 /// These run in a process of their own, with the worker that is installed.
 class RealWorker : public ApplicationTest {
 protected:
-    QUrl make(const QString& name, const QString& picture, const QStringList& options = {}) const {
-        const QUrl url = fileUrl(m_folder.filePath(name).toStdString());
-        const QStringList arguments =
-            QStringList{u"-v"_s, u"error"_s, u"-f"_s, u"lavfi"_s, u"-i"_s, picture} + options +
-            QStringList{u"-pix_fmt"_s, u"yuv420p"_s, url.toLocalFile()};
-        EXPECT_EQ(QProcess::execute(u"ffmpeg"_s, arguments), 0);
-        return url;
+    QUrl make(const QString& name, const QString& picture) const {
+        return ffmpeg({u"-f"_s, u"lavfi"_s, u"-i"_s, picture, u"-pix_fmt"_s, u"yuv420p"_s}, name);
+    }
+    QUrl turned(const QUrl& url, const QString& name) const {
+        return ffmpeg({u"-i"_s, url.toLocalFile(), u"-c"_s, u"copy"_s, u"-metadata:s:v"_s, u"rotate=90"_s},
+                      name);
+    }
+    QUrl ffmpeg(const QStringList& options, const QString& name) const {
+        const QString path = m_folder.filePath(name);
+        EXPECT_EQ(
+            QProcess::execute(u"ffmpeg"_s, QStringList{u"-v"_s, u"error"_s} + options + QStringList{path}),
+            0);
+        return fileUrl(path.toStdString());
     }
 
     static UIImage thumbnail(const QUrl& url) {
@@ -37,7 +43,8 @@ protected:
 TEST_F(RealWorker, ALargePictureIsMadeToFitAndKeepsItsColours) {
     const QUrl url = make(u"red.mp4"_s, u"color=red:s=1280x720:d=3725.9:r=1/60"_s);
     const UIImage image = thumbnail(url);
-    EXPECT_EQ(image.size(), QSize(500, 281));
+    EXPECT_EQ(image.size().width(), 500);
+    EXPECT_NEAR(image.size().height(), 281, 1);
     const auto pixel = [&image](qsizetype byte) {
         return static_cast<unsigned char>(image.cgImage().pixels.at(byte));
     };
@@ -51,8 +58,7 @@ TEST_F(RealWorker, ALargePictureIsMadeToFitAndKeepsItsColours) {
 }
 
 TEST_F(RealWorker, ATurnedVideoIsShownUpright) {
-    const QUrl url =
-        make(u"turned.mp4"_s, u"testsrc2=s=320x240:d=7:r=5"_s, {u"-metadata:s:v"_s, u"rotate=90"_s});
+    const QUrl url = turned(make(u"lying.mp4"_s, u"testsrc2=s=320x240:d=7:r=5"_s), u"upright.mp4"_s);
     EXPECT_EQ(ConvertedVideo(url).resolutionText(), u"240x320"_s);
     EXPECT_EQ(ConvertedVideo(url).durationText(), u"00:00:07"_s);
     EXPECT_EQ(thumbnail(url).size(), QSize(240, 320));
