@@ -15,6 +15,9 @@ namespace {
 /// take.
 constexpr double largestPicture = 36'864 * 256.0;
 
+/// The longest side that the same level allows is a little more; the encoder's own limit is twice that.
+constexpr double longestSide = 8'192;
+
 int evenAtLeastTwo(double length) {
     return std::max(2, 2 * static_cast<int>(std::lround(length / 2)));
 }
@@ -25,6 +28,7 @@ Size scaledSize(const Track& track, const PresetRules& rules) {
     const double height = track.height;
     double factor = std::min(1.0, rules.shortSide / std::min(width, height));
     factor = std::min(factor, std::sqrt(largestPicture / (width * height)));
+    factor = std::min(factor, longestSide / std::max(width, height));
     return {evenAtLeastTwo(width * factor), evenAtLeastTwo(height * factor)};
 }
 
@@ -161,6 +165,20 @@ std::int64_t estimateBytes(const MediaInfo& info, const ExportPlan& plan) {
         videoBits = std::min(videoBits, pixels * rate * rulesOf(plan.preset).bitsPerPixel);
     }
     return static_cast<std::int64_t>((videoBits + soundBits) * seconds / 8);
+}
+
+std::int64_t estimatePackets(const MediaInfo& info, const ExportPlan& plan) {
+    // Sound comes in packets of 960 samples or more, all but always; texts at the pace of a reader.
+    constexpr double leastSamples = 960;
+    constexpr double textsPerSecond = 0.5;
+    constexpr double slack = 1.05;
+    const auto trackOf = [&info](int track) { return info.tracks[static_cast<std::size_t>(track)]; };
+    double perSecond = textsPerSecond * static_cast<double>(plan.texts.size());
+    const double frameRate = trackOf(plan.video.track).frameRate;
+    perSecond += frameRate > 0 ? frameRate : plan.video.peakRate;
+    for (const AudioPlan& sound : plan.sounds)
+        perSecond += std::max(trackOf(sound.track).sampleRate, sound.sampleRate) / leastSamples;
+    return static_cast<std::int64_t>(slack * perSecond * info.durationSeconds());
 }
 
 } // namespace reelsmith::media

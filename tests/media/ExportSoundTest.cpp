@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "MovieTest.h"
+
+#include <cmath>
+#include <cstdlib>
+
+using namespace reelsmith::media;
+
+namespace {
+
+/// Sources with a short picture and a sound of their own.
+class ExportSound : public MovieTest {
+protected:
+    std::string withSound(const std::string& name, const std::string& sound) const {
+        return make(name, clockPictures(5, 1) + sound + " -c:v libx264 -preset ultrafast");
+    }
+
+    /// Integrated loudness (ITU-R BS.1770), in LUFS.
+    double loudness(const std::string& file) const {
+        make("loudness.txt", "-i '" + file + "' -af ebur128=metadata=1,ametadata=print:file=- -f null - >");
+        const std::string text = contents(path("loudness.txt"));
+        const std::string key = "lavfi.r128.I=";
+        const auto last = text.rfind(key);
+        return last == std::string::npos ? 0 : std::atof(text.c_str() + last + key.size());
+    }
+};
+
+double decibels(double ratio) {
+    return 20 * std::log10(ratio);
+}
+
+} // namespace
+
+TEST_F(ExportSound, AnyRateAndChannelCountBecomesOrdinaryAac) {
+    struct {
+        std::string layout;
+        int rate;
+        std::string codec;
+        int resultChannels;
+        int resultRate;
+    } const cases[] = {
+        {"mono", 8'000, "pcm_u8", 1, 8'000},         {"mono", 48'000, "flac", 1, 48'000},
+        {"stereo", 44'100, "libmp3lame", 2, 44'100}, {"stereo", 96'000, "pcm_s24le", 2, 48'000},
+        {"stereo", 88'200, "flac", 2, 44'100},       {"stereo", 37'800, "pcm_s16le", 2, 44'100},
+        {"5.1", 48'000, "ac3", 2, 48'000},           {"7.1", 96'000, "pcm_s32le", 2, 48'000},
+        {"3.0", 32'000, "pcm_f32le", 2, 32'000},     {"stereo", 6'000, "pcm_s16le", 2, 8'000},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.layout + " " + std::to_string(each.rate) + " " + each.codec);
+        const std::string rate = std::to_string(each.rate);
+        const Movie movie = convert(withSound(
+            "source.mkv", "-f lavfi -i \"aevalsrc='0.25*sin(2*PI*440*t)|0.25*sin(2*PI*440*t)':d=1:s=" + rate +
+                              ",aformat=channel_layouts=" + each.layout + "\" -c:a " + each.codec));
+        const AVCodecParameters& codec = *movie.sound().codec;
+        EXPECT_EQ(codec.codec_id, AV_CODEC_ID_AAC);
+        EXPECT_EQ(codec.profile, FF_PROFILE_AAC_LOW);
+        EXPECT_EQ(codec.ch_layout.nb_channels, each.resultChannels);
+        EXPECT_EQ(codec.sample_rate, each.resultRate);
+        EXPECT_NEAR(movie.duration, 1, 0.03);
+    }
+}
+
+TEST_F(ExportSound, FoldedSoundIsAsLoudAndDoesNotClip) {
+    // Speech in the middle, music beside it, a little behind.
+    const std::string film = withSound(
+        "film.mkv", "-f lavfi -i \"anoisesrc=d=3:a=0.1:c=pink:seed=1[l];anoisesrc=d=3:a=0.1:c=pink:seed=2[r];"
+                    "anoisesrc=d=3:a=0.4:c=pink:seed=3[c];anoisesrc=d=3:a=0.03:c=pink:seed=4[bl];"
+                    "anoisesrc=d=3:a=0.03:c=pink:seed=5[br];sine=d=3:f=50:r=48000[lfe];"
+                    "[l][r][c][lfe][bl][br]join=inputs=6:channel_layout=5.1\" -c:a flac -sample_fmt s16");
+    EXPECT_NEAR(loudness(convert(film).path), loudness(film), 1);
+
+    const std::string full =
+        withSound("full.mkv", "-f lavfi -i \"aevalsrc='0.99*sin(2*PI*440*t)|0.99*sin(2*PI*440*t)|"
+                              "0.99*sin(2*PI*440*t)|0|0.99*sin(2*PI*440*t)|0.99*sin(2*PI*440*t)'"
+                              ":d=1:s=48000:c=5.1\" -c:a flac");
+    const Sound sound = soundOf(convert(full, Preset::Highest).path);
+    EXPECT_LE(sound.peak(), 1.0);
+    // A clipped sine comes nearer to a square, whose level is its peak.
+    EXPECT_NEAR(decibels(sound.level(0, 0.2, 0.8) / sound.peak()), -3.01, 0.3);
+    EXPECT_GT(sound.peak(), 0.8);
+
+    const std::string one = withSound("one.mkv", tone("0.5", 1) + "-c:a flac");
+    EXPECT_NEAR(decibels(soundOf(convert(one).path).level(0, 0.2, 0.8) / (0.5 * std::sqrt(0.5))), 0, 0.3);
+}
+
+TEST_F(ExportSound, AacIsCopiedOnlyWhereItIsPlainAndLean) {
+    const std::string noise = "-f lavfi -i anoisesrc=d=2:a=0.5:seed=1,aformat=channel_layouts=";
+    struct {
+        std::string name;
+        std::string sound;
+        Preset preset;
+        bool isCopied;
+    } const cases[] = {
+        {"lean.mp4", "stereo -c:a aac -b:a 100k", Preset::Low, true},
+        {"fat.mp4", "stereo -c:a aac -b:a 150k", Preset::Low, false},
+        {"fat.mp4", "stereo -c:a aac -b:a 150k", Preset::Medium, true},
+        {"fatter.mp4", "stereo -c:a aac -b:a 200k", Preset::Medium, false},
+        {"fatter.mp4", "stereo -c:a aac -b:a 200k", Preset::Highest, true},
+        {"mono.mov", "mono -c:a aac -b:a 70k", Preset::Low, true},
+        {"mono.mov", "mono -c:a aac -b:a 110k", Preset::Low, false},
+        {"surround.mp4", "5.1 -c:a aac -b:a 100k", Preset::Highest, false},
+        {"main.mp4", "stereo -c:a aac -profile:a aac_main -strict -2 -b:a 100k", Preset::Medium, false},
+        {"other.mp4", "stereo -c:a libmp3lame -b:a 96k", Preset::Highest, false},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.name + " " + each.sound);
+        const std::string source = withSound(each.name, noise + each.sound);
+        const Movie movie = convert(source, each.preset);
+        EXPECT_EQ(movie.sound().codec->codec_id, AV_CODEC_ID_AAC);
+        EXPECT_EQ(movie.sound().data() == Movie::read(source).sound().data(), each.isCopied);
+        EXPECT_NEAR(movie.duration, 2, 0.05);
+    }
+}
+
+TEST_F(ExportSound, TheTrackInTheUsersLanguageIsKept) {
+    // Three tracks of different pitch do not matter here: their languages in the result tell them apart.
+    const std::string three =
+        clockPictures(5, 1) + tone("0.1", 1) + "-map 0 -map 1 -map 1 -map 1 -c:v libx264 -c:a ";
+    const std::string marked =
+        "-metadata:s:a:0 language=deu -metadata:s:a:1 language=fra -metadata:s:a:2 language=eng ";
+    struct {
+        std::string marks;
+        std::vector<std::string> user;
+        std::string kept;
+    } const cases[] = {
+        {marked, {"eng"}, "eng"},
+        {marked, {"spa", "fra", "eng"}, "fra"},
+        {marked + "-disposition:a:0 0 -disposition:a:1 default -disposition:a:2 0", {"spa"}, "fra"},
+        {marked + "-disposition:a:0 0 -disposition:a:1 default -disposition:a:2 0", {}, "fra"},
+        {marked + "-disposition:a 0", {}, "deu"},
+        {"-metadata:s:a:2 language=eng -disposition:a:0 0 -disposition:a:1 default", {"eng"}, ""},
+    };
+    for (const auto& [container, codec] : {std::pair("mp4", "ac3 "), std::pair("mkv", "flac ")}) {
+        for (const auto& each : cases) {
+            SCOPED_TRACE(each.marks);
+            const Movie movie = convert(make(std::string("source.") + container, three + codec + each.marks),
+                                        Preset::Low, each.user);
+            EXPECT_EQ(movie.count(AVMEDIA_TYPE_AUDIO), 1);
+            const std::string language = movie.sound().language;
+            EXPECT_EQ(language == "und" ? "" : language, each.kept);
+        }
+    }
+}
