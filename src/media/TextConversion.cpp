@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/TextConversion.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <utility>
@@ -88,9 +89,9 @@ Result<void> TextConversion::write(const AVSubtitle& text, const AVPacket& sourc
     const double start = began + text.start_display_time / 1000.0 - m_zeroSeconds;
     const bool saysEnd =
         text.end_display_time > text.start_display_time && text.end_display_time != UINT32_MAX;
-    const double duration = saysEnd ? (text.end_display_time - text.start_display_time) / 1000.0
-                                    : static_cast<double>(source.duration) * av_q2d(m_timeBase);
-    if (start < 0 || text.num_rects == 0)
+    const double end = start + (saysEnd ? (text.end_display_time - text.start_display_time) / 1000.0
+                                        : static_cast<double>(source.duration) * av_q2d(m_timeBase));
+    if ((start < 0 && end <= 0) || text.num_rects == 0)
         return {};
     PacketHandle packet = makePacket();
     if (av_new_packet(packet.get(), mostTextBytes) < 0)
@@ -99,8 +100,8 @@ Result<void> TextConversion::write(const AVSubtitle& text, const AVPacket& sourc
     if (size < 0)
         return ffmpegFailure(ErrorCode::Unsupported, "Writing subtitles", size);
     av_shrink_packet(packet.get(), size);
-    packet->pts = packet->dts = std::llround(start / av_q2d(textTimeBase));
-    packet->duration = std::llround(duration / av_q2d(textTimeBase));
+    packet->pts = packet->dts = std::llround(std::max(0.0, start) / av_q2d(textTimeBase));
+    packet->duration = std::llround(end / av_q2d(textTimeBase)) - packet->pts;
     packet->flags |= AV_PKT_FLAG_KEY;
     return m_context.writer.write(m_outputTrack, std::move(packet));
 }
