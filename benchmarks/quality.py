@@ -5,6 +5,7 @@ import math
 import subprocess
 
 MATRICES = {"bt709": "bt709", "bt470bg": "bt601", "smpte170m": "bt601"}
+DEEP = "yuv420p10"  # so that no reference favours whoever rounds to eight bits as it does
 SECONDS_OF_GRACE = 0.004  # less than half a frame; times are rounded differently in every container
 MOST_STEPS = 8
 CRF_STEP = 2
@@ -23,8 +24,8 @@ def ssim(result, source):
     spaces = [MATRICES.get(each.get("color_space")) for each in (ours, reference)]
     if all(spaces) and spaces[0] != spaces[1]:
         adapted += f":in_color_matrix={spaces[0]}:out_color_matrix={spaces[1]}"
-    graph = (f"[0:v:0]scale={adapted},format=yuv420p,setpts=PTS-STARTPTS+{SECONDS_OF_GRACE}/TB[result];"
-             f"[1:v:0]scale={ours['width']}:{ours['height']}:flags=lanczos+accurate_rnd:out_range=tv,format=yuv420p,"
+    graph = (f"[0:v:0]scale={adapted},format={DEEP},setpts=PTS-STARTPTS+{SECONDS_OF_GRACE}/TB[result];"
+             f"[1:v:0]scale={ours['width']}:{ours['height']}:flags=lanczos+accurate_rnd:out_range=tv,format={DEEP},"
              "setpts=PTS-STARTPTS[reference];[result][reference]ssim=shortest=1:stats_file=-")
     told = subprocess.run(["ffmpeg", "-v", "error", "-nostdin", "-i", result, "-i", source, "-filter_complex", graph,
                            "-an", "-f", "null", "-"], check=True, capture_output=True, text=True).stdout
