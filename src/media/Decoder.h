@@ -31,6 +31,9 @@ public:
     /// stops. Fails only for want of memory.
     Result<void> decode(const AVPacket* packet, const std::function<bool(FrameHandle)>& take);
 
+    /// Forgets what is inside, to go on elsewhere in the track.
+    void reset() { avcodec_flush_buffers(m_context.get()); }
+
     /// Packets that could not be decoded.
     long damagedCount() const { return m_damagedCount; }
 

@@ -54,12 +54,31 @@ Result<FrameHandle> decodeFrame(Source& source, const Track& track, Decoder& dec
         const PacketHandle packet = source.readPacket();
         if (packet && packet->stream_index != track.index)
             continue;
+        if (packet && av_packet_get_side_data(packet.get(), AV_PKT_DATA_ENCRYPTION_INFO, nullptr))
+            return failure(ErrorCode::Encrypted, "The video is encrypted");
         if (auto decoded = decoder.decode(packet.get(), look); !decoded)
             return tl::unexpected(decoded.error());
         if (!packet)
             break;
     }
     return found;
+}
+
+/// The same, without decoding all that comes long before.
+Result<FrameHandle> findFrame(Source& source, const Track& track, Decoder& decoder, double seconds) {
+    constexpr double nearTheStart = 1;
+    const auto seek = [&](double time) {
+        return av_seek_frame(source.context(), track.index, std::llround(time / av_q2d(track.timeBase)),
+                             AVSEEK_FLAG_BACKWARD) >= 0;
+    };
+    const bool hasLeapt = seconds > track.startSeconds + nearTheStart && seek(seconds);
+    auto frame = decodeFrame(source, track, decoder, seconds);
+    // Without an index a leap may go beyond the last picture.
+    if (frame && !*frame && hasLeapt && seek(track.startSeconds)) {
+        decoder.reset();
+        return decodeFrame(source, track, decoder, seconds);
+    }
+    return frame;
 }
 
 Result<FrameHandle> toRgba(const AVFrame& frame) {
@@ -100,11 +119,7 @@ Result<FrameHandle> grabFrame(int descriptor, double seconds, Size bounds) {
         if (static_cast<int>(i) != track.index)
             (*source)->track(static_cast<int>(i))->discard = AVDISCARD_ALL;
     }
-    constexpr double nearTheStart = 1;
-    if (seconds > nearTheStart)
-        av_seek_frame((*source)->context(), track.index, std::llround(seconds / av_q2d(track.timeBase)),
-                      AVSEEK_FLAG_BACKWARD);
-    auto frame = decodeFrame(**source, track, **decoder, seconds + plan->zeroSeconds);
+    auto frame = findFrame(**source, track, **decoder, seconds + plan->zeroSeconds);
     if (!frame)
         return frame;
     if (!*frame)

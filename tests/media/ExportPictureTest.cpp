@@ -3,7 +3,6 @@
 
 #include <array>
 #include <cmath>
-#include <fstream>
 
 using namespace reelsmith::media;
 
@@ -16,22 +15,6 @@ std::string picture(const std::string& size, const std::string& luma, const std:
                     const std::string& blueness = "128") {
     return "-f lavfi -i \"nullsrc=s=" + size + ":r=10:d=0.5,geq=lum='" + luma + "':cb='" + blueness +
            "':cr=128,format=yuv420p\" " + options;
-}
-
-/// Writes a display matrix into an MP4 file's only track.
-void turn(const std::string& path, const std::string& file, const std::array<double, 4>& transform) {
-    std::string bytes = file;
-    const std::size_t matrix = bytes.find("tkhd") + 44;
-    const auto put = [&](std::size_t entry, double value) {
-        const auto fixed = static_cast<std::uint32_t>(static_cast<std::int32_t>(value * 65536));
-        for (std::size_t i = 0; i < 4; ++i)
-            bytes[matrix + 4 * entry + i] = static_cast<char>(fixed >> (24 - 8 * i));
-    };
-    put(0, transform[0]);
-    put(1, transform[1]);
-    put(3, transform[2]);
-    put(4, transform[3]);
-    std::ofstream(path, std::ios::binary) << bytes;
 }
 
 /// The quarters of a picture, row by row, each by the digit that quarters() gave it.
@@ -84,7 +67,7 @@ std::array<double, 3> rgbOf(const Picture& picture) {
 TEST_F(ExportPicture, StandsUprightWhateverTheMatrix) {
     const std::string quarters = "20+40*(1+gte(X,W/2)+2*gte(Y,H/2))";
     const std::string upright =
-        contents(make("upright.mp4", picture("160x96", quarters, "-c:v libx264 -crf 5", quarters)));
+        make("upright.mp4", picture("160x96", quarters, "-c:v libx264 -crf 5", quarters));
     struct {
         std::array<double, 4> matrix;
         std::string expected;
@@ -95,8 +78,7 @@ TEST_F(ExportPicture, StandsUprightWhateverTheMatrix) {
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.expected);
-        turn(path("turned.mp4"), upright, each.matrix);
-        const auto pictures = picturesOf(convert(path("turned.mp4"), Preset::Low).path);
+        const auto pictures = picturesOf(convert(turned(upright, each.matrix), Preset::Low).path);
         ASSERT_EQ(pictures.size(), 5U);
         EXPECT_EQ(quartersOf(pictures[2]), each.expected);
         const bool isSideways = each.matrix[1] != 0;
@@ -229,9 +211,9 @@ TEST_F(ExportPicture, ASizeThatChangesOnTheWayIsFollowed) {
     std::string joined;
     for (const auto& [size, at] :
          {std::pair("160x96", "0"), std::pair("320x240", "0.5"), std::pair("64x48", "1")})
-        joined += contents(
-            make("part.ts", picture(size, quarters,
-                                    std::string("-c:v libx264 -crf 5 -bf 0 -output_ts_offset ") + at, quarters)));
+        joined += contents(make(
+            "part.ts", picture(size, quarters,
+                               std::string("-c:v libx264 -crf 5 -bf 0 -output_ts_offset ") + at, quarters)));
     const Movie movie = convert(write("joined.ts", joined), Preset::Low);
     const auto pictures = picturesOf(movie.path);
     EXPECT_EQ(pictures.size(), 15U);

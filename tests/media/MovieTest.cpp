@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "MovieTest.h"
 
+#include <cmath>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
@@ -52,6 +53,22 @@ std::string MovieTest::contents(const std::string& path) {
     std::ostringstream all;
     all << std::ifstream(path, std::ios::binary).rdbuf();
     return all.str();
+}
+
+std::string MovieTest::turned(const std::string& source, const std::array<double, 4>& transform) const {
+    std::string bytes = contents(source);
+    constexpr std::size_t matrixInHeader = 44;
+    const std::size_t matrix = bytes.find("tkhd") + matrixInHeader;
+    const auto put = [&](std::size_t entry, double value) {
+        const auto fixed = static_cast<std::uint32_t>(std::lround(value * 65536));
+        for (std::size_t i = 0; i < 4; ++i)
+            bytes[matrix + 4 * entry + i] = static_cast<char>(fixed >> (24 - 8 * i));
+    };
+    put(0, transform[0]);
+    put(1, transform[1]);
+    put(3, transform[2]);
+    put(4, transform[3]);
+    return write("turned.mp4", bytes);
 }
 
 MovieTest::Exported MovieTest::tryExport(const std::string& source, Preset preset,

@@ -5,6 +5,7 @@
 
 #include "media/Exporter.h"
 
+#include <array>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
@@ -38,6 +39,9 @@ protected:
 
     std::string write(const std::string& name, const std::string& contents) const;
     static std::string contents(const std::string& path);
+
+    /// A copy of an MP4 file whose first track asks to be turned so: a, b, c, d as in Orientation.h.
+    std::string turned(const std::string& source, const std::array<double, 4>& transform) const;
 
     struct Exported {
         Result<std::string> result; ///< the warnings
