@@ -37,7 +37,7 @@ UIImage cachedThumbnail(const QUrl& url) {
     if (const std::optional<UIImage> kept = cache.image(url))
         return *kept;
     const ThumbnailCache::Moment begin = cache.now();
-    const UIImage made = makeThumbnail(url);
+    UIImage made = makeThumbnail(url);
     if (!made.isEmpty())
         cache.insert(url, made, begin);
     return made;

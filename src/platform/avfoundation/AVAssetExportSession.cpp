@@ -30,7 +30,7 @@ public:
         {
             const OngoingWork work;
             if (prepare())
-                finish(run->run([this](double fraction) { setProgress(fraction); }));
+                finish(m_run->run([this](double fraction) { setProgress(fraction); }));
         }
         completion();
         const std::lock_guard lock(mutex);
@@ -40,8 +40,8 @@ public:
 
     void cancel() override {
         const std::lock_guard lock(mutex);
-        if (run)
-            run->cancel();
+        if (m_run)
+            m_run->cancel();
         else if (status < AVAssetExportSessionStatus::Completed)
             status = AVAssetExportSessionStatus::Cancelled;
     }
@@ -70,7 +70,7 @@ private:
             return false;
         }
         status = AVAssetExportSessionStatus::Exporting;
-        run = std::make_unique<ExportRun>(asset.url(), outputURL, preset);
+        m_run = std::make_unique<ExportRun>(asset.url(), outputURL, preset);
         return true;
     }
 
@@ -84,7 +84,7 @@ private:
         if (result) {
             progress = 1;
             status = AVAssetExportSessionStatus::Completed;
-        } else if (run->isCancelled()) {
+        } else if (m_run->isCancelled()) {
             status = AVAssetExportSessionStatus::Cancelled;
         } else {
             error = result.error();
@@ -93,7 +93,7 @@ private:
     }
 
     // Made by prepare(), then kept.
-    std::unique_ptr<ExportRun> run;
+    std::unique_ptr<ExportRun> m_run;
 };
 
 std::shared_ptr<AVAssetExportSession> AVAssetExportSession::initWithAsset(const AVAsset& asset,

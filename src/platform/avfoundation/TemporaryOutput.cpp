@@ -40,10 +40,12 @@ bool takeLock(const Descriptor& file) {
     return ::flock(file.number(), LOCK_EX | LOCK_NB) == 0;
 }
 
-// Between its making and its locking a file looks left over to another process that starts just then.
-bool isStillThere(const Descriptor& file) {
+// Between its making and its locking a file looks left over to another process that starts just then. A file
+// system that knows no locks takes the file without one.
+bool isOurs(const Descriptor& file) {
     struct stat status {};
-    return ::fstat(file.number(), &status) == 0 && status.st_nlink > 0;
+    const bool isTakenByOther = !takeLock(file) && errno == EWOULDBLOCK;
+    return !isTakenByOther && ::fstat(file.number(), &status) == 0 && status.st_nlink > 0;
 }
 
 Result<void> checkName(const QUrl& output) {
@@ -71,8 +73,10 @@ Result<std::unique_ptr<TemporaryOutput>> TemporaryOutput::create(const QUrl& out
         error = errno;
         if (!file.isOpen() && error != EEXIST)
             break;
-        if (file.isOpen() && takeLock(file) && isStillThere(file))
+        if (file.isOpen() && isOurs(file))
             return std::unique_ptr<TemporaryOutput>(new TemporaryOutput(output, path, std::move(file)));
+        if (file.isOpen())
+            ::unlink(path.c_str());
     }
     return systemFailure(QStringLiteral("cannot write into the folder of the result"), error);
 }
