@@ -45,4 +45,14 @@ void walkBoxes(int descriptor, std::int64_t start, std::int64_t end,
     }
 }
 
+std::optional<Box> findBox(int descriptor, std::int64_t start, std::int64_t end, const std::string& type) {
+    std::optional<Box> found;
+    walkBoxes(descriptor, start, end, [&](const Box& box) {
+        if (box.type == type)
+            found = box;
+        return !found;
+    });
+    return found;
+}
+
 } // namespace reelsmith::media

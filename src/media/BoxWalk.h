@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace reelsmith::media {
@@ -18,6 +19,9 @@ struct Box {
 /// makes no sense.
 void walkBoxes(int descriptor, std::int64_t start, std::int64_t end,
                const std::function<bool(const Box&)>& visit);
+
+/// The first box of a type among those that lie one after another between two positions.
+std::optional<Box> findBox(int descriptor, std::int64_t start, std::int64_t end, const std::string& type);
 
 /// A big-endian number of so many bytes at a position; 0 where the file ends before it.
 std::uint64_t readBigEndian(int descriptor, std::int64_t position, int byteCount);

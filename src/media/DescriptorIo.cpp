@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/DescriptorIo.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <cstring>
 #include <new>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -41,8 +43,33 @@ std::int64_t DescriptorIo::sizeBytes() const {
     return ::fstat(m_descriptor, &status) == 0 ? status.st_size : 0;
 }
 
+void DescriptorIo::stopFetching() {
+    m_fetchlessSize = sizeBytes();
+    m_context->direct = 1;
+}
+
+void DescriptorIo::leaveGapFor(const std::uint8_t* content, int size) {
+    m_context->direct = 1;
+    m_leftOut = {content, size};
+    m_gap.reset();
+}
+
+int DescriptorIo::passOver(std::uint8_t* buffer, int size) {
+    const std::int64_t left = *m_fetchlessSize - m_position;
+    if (left <= 0)
+        return AVERROR_EOF;
+    // Whoever looks for a header must not find one of something that lay here before.
+    constexpr int longestHeader = 64;
+    const int count = static_cast<int>(std::min<std::int64_t>(size, left));
+    std::memset(buffer, 0, static_cast<std::size_t>(std::min(count, longestHeader)));
+    m_position += count;
+    return count;
+}
+
 int DescriptorIo::read(void* self, std::uint8_t* buffer, int size) {
     auto* io = static_cast<DescriptorIo*>(self);
+    if (io->m_fetchlessSize)
+        return io->passOver(buffer, size);
     ssize_t count = 0;
     do {
         count = ::pread(io->m_descriptor, buffer, static_cast<std::size_t>(size), io->m_position);
@@ -57,6 +84,12 @@ int DescriptorIo::read(void* self, std::uint8_t* buffer, int size) {
 
 int DescriptorIo::write(void* self, std::uint8_t* buffer, int size) {
     auto* io = static_cast<DescriptorIo*>(self);
+    if (io->m_leftOut == std::pair<const std::uint8_t*, int>(buffer, size)) {
+        io->m_leftOut = {};
+        io->m_gap = io->m_position;
+        io->m_position += size;
+        return size;
+    }
     int written = 0;
     while (written < size) {
         const ssize_t count = ::pwrite(io->m_descriptor, buffer + written,

@@ -3,11 +3,9 @@
 
 #include "media/AudioTranscode.h"
 #include "media/ExportContext.h"
-#include "media/ExportPlan.h"
+#include "media/ExportInput.h"
 #include "media/PacketClock.h"
-#include "media/Probe.h"
 #include "media/ResultCheck.h"
-#include "media/Source.h"
 #include "media/TextConversion.h"
 #include "media/TrackCopy.h"
 #include "media/VideoTranscode.h"
@@ -23,13 +21,13 @@ namespace {
 /// One export, from the opened source to the finished file.
 class Exporter {
 public:
-    Exporter(Source& source, ExportPlan plan, MediaInfo info, const ExportJob& job,
-             std::function<void(double)> progress)
-        : m_source(source),
-          m_info(std::move(info)),
-          m_plan(std::move(plan)),
-          m_output(job.output),
-          m_context(job.output, std::move(progress)) {}
+    Exporter(ExportInput input, int output, std::function<void(double)> progress)
+        : m_input(std::move(input)),
+          m_source(*m_input.source),
+          m_info(m_input.info),
+          m_plan(m_input.plan),
+          m_output(output),
+          m_context(output, std::move(progress)) {}
 
     Result<std::string> run();
 
@@ -43,9 +41,10 @@ private:
 
     const Track& trackOf(int index) const { return m_info.tracks[static_cast<std::size_t>(index)]; }
 
+    ExportInput m_input;
     Source& m_source;
-    MediaInfo m_info;
-    ExportPlan m_plan;
+    const MediaInfo& m_info;
+    const ExportPlan& m_plan;
     int m_output;
     int m_videoTrack = 0;
     ExportContext m_context;
@@ -63,7 +62,8 @@ Result<std::string> Exporter::run() {
         sink->wait();
     if (const auto error = m_context.latch.error())
         return tl::unexpected(*error);
-    if (auto finished = m_context.writer.finish(); !finished)
+    const auto report = [this](double fraction) { m_context.report(fraction); };
+    if (auto finished = m_context.writer.finish(report); !finished)
         return tl::unexpected(finished.error());
     if (auto checked = checkResult(m_output, m_context.writer.packetCount(m_videoTrack)); !checked)
         return tl::unexpected(checked.error());
@@ -71,6 +71,10 @@ Result<std::string> Exporter::run() {
 }
 
 Result<void> Exporter::makeSinks() {
+    if (m_source.tellsPositionsOnly())
+        m_context.writer.takePacketsFrom(m_source.descriptor());
+    else if (m_plan.video.treatment == Treatment::Copy && m_info.durationSeconds() > 0)
+        m_context.writer.leaveRoomFor(estimatePackets(m_info, m_plan));
     if (auto made = makeVideoSink(); !made)
         return made;
     for (const AudioPlan& sound : m_plan.sounds)
@@ -162,7 +166,8 @@ void Exporter::readAll() {
             continue;
         }
         clock.mend(*packet);
-        if (!hasDuration || m_plan.video.treatment == Treatment::Copy)
+        const bool isCopy = m_plan.video.treatment == Treatment::Copy;
+        if (!m_source.tellsPositionsOnly() && (isCopy || !hasDuration))
             m_context.report(m_source.fractionRead());
         sink->second->take(std::move(packet));
     }
@@ -171,19 +176,10 @@ void Exporter::readAll() {
 } // namespace
 
 Result<std::string> exportVideo(const ExportJob& job, std::function<void(double)> progress) {
-    auto source = Source::open(job.source, Source::Detail::Decoded);
-    if (!source)
-        return tl::unexpected(source.error());
-    MediaInfo info = probe(**source);
-    auto plan = planExport(info, job.preset, job.languages);
-    if (plan && plan->video.treatment == Treatment::Copy) {
-        info.tracks[static_cast<std::size_t>(plan->video.track)].startsOnKeyFrame =
-            (*source)->startsOnKeyFrame(plan->video.track);
-        plan = planExport(info, job.preset, job.languages);
-    }
-    if (!plan)
-        return tl::unexpected(plan.error());
-    return Exporter(**source, std::move(*plan), std::move(info), job, std::move(progress)).run();
+    auto input = openInput(job);
+    if (!input)
+        return tl::unexpected(input.error());
+    return Exporter(std::move(*input), job.output, std::move(progress)).run();
 }
 
 } // namespace reelsmith::media

@@ -7,24 +7,31 @@
 
 namespace reelsmith::media {
 
+namespace {
+
+std::optional<Box> findMovie(int descriptor) {
+    return findBox(descriptor, 0, ::lseek(descriptor, 0, SEEK_END), "moov");
+}
+
+} // namespace
+
 std::optional<std::int32_t> movieTimescale(int descriptor) {
-    std::optional<std::int32_t> found;
-    const auto readHeader = [&](const Box& box) {
-        if (box.type != "mvhd")
-            return true;
-        const bool isLong = readBigEndian(descriptor, box.contentStart, 1) == 1;
-        const auto timescale = readBigEndian(descriptor, box.contentStart + (isLong ? 20 : 12), 4);
-        if (timescale > 0 && timescale <= INT32_MAX)
-            found = static_cast<std::int32_t>(timescale);
-        return false;
-    };
-    walkBoxes(descriptor, 0, ::lseek(descriptor, 0, SEEK_END), [&](const Box& box) {
-        if (box.type != "moov")
-            return true;
-        walkBoxes(descriptor, box.contentStart, box.end, readHeader);
-        return false;
-    });
-    return found;
+    const auto movie = findMovie(descriptor);
+    const auto header = movie ? findBox(descriptor, movie->contentStart, movie->end, "mvhd") : std::nullopt;
+    if (!header)
+        return std::nullopt;
+    const bool isLong = readBigEndian(descriptor, header->contentStart, 1) == 1;
+    const auto timescale = readBigEndian(descriptor, header->contentStart + (isLong ? 20 : 12), 4);
+    if (timescale == 0 || timescale > INT32_MAX)
+        return std::nullopt;
+    return static_cast<std::int32_t>(timescale);
+}
+
+bool hasFragments(int descriptor) {
+    const auto movie = findMovie(descriptor);
+    const std::int64_t end = ::lseek(descriptor, 0, SEEK_END);
+    return (movie && findBox(descriptor, movie->contentStart, movie->end, "mvex")) ||
+           findBox(descriptor, 0, end, "moof");
 }
 
 } // namespace reelsmith::media

@@ -10,4 +10,7 @@ namespace reelsmith::media {
 /// where it does not say.
 std::optional<std::int32_t> movieTimescale(int descriptor);
 
+/// Whether an MP4 file may list samples outside its one index, in fragments.
+bool hasFragments(int descriptor);
+
 } // namespace reelsmith::media

@@ -37,6 +37,8 @@ Mp4Writer::Mp4Writer(int descriptor)
         throw std::bad_alloc();
     m_context->pb = m_io.context();
     m_context->flags |= AVFMT_FLAG_CUSTOM_IO;
+    // FLAC has long had its place in MP4, but FFmpeg 5.1 still calls it an experiment.
+    m_context->strict_std_compliance = FF_COMPLIANCE_EXPERIMENTAL;
     m_context->opaque = this;
     m_context->io_open = openAgain;
     m_context->io_close2 = closeAgain;
@@ -73,6 +75,18 @@ void Mp4Writer::annotate(const Annotations& annotations) {
     }
 }
 
+void Mp4Writer::takePacketsFrom(int source) {
+    m_mover.emplace(source, m_io.descriptor());
+    // None that might look into packets or change them.
+    m_context->flags &= ~AVFMT_FLAG_AUTO_BSF;
+}
+
+void Mp4Writer::leaveRoomFor(std::int64_t packetCount) {
+    m_indexRoom.emplace(packetCount);
+    // Large packets go to the file straight away.
+    m_context->pb->direct = 1;
+}
+
 int Mp4Writer::reserveTrack() {
     m_tracks.emplace_back();
     return static_cast<int>(m_tracks.size()) - 1;
@@ -98,7 +112,7 @@ Result<void> Mp4Writer::beginOnceDescribed() {
     return m_isSealed && isDescribed ? begin() : Result<void>();
 }
 
-Result<void> Mp4Writer::begin() {
+Result<void> Mp4Writer::addStreams() {
     for (const Track& track : m_tracks) {
         const TrackDescription& description = track.description;
         AVStream* stream = avformat_new_stream(m_context, nullptr);
@@ -118,8 +132,17 @@ Result<void> Mp4Writer::begin() {
             std::memcpy(matrix, description.displayMatrix.data(), size);
         }
     }
+    return {};
+}
+
+Result<void> Mp4Writer::begin() {
+    if (auto added = addStreams(); !added)
+        return added;
     AVDictionary* options = nullptr;
-    av_dict_set(&options, "movflags", "+faststart", 0);
+    if (m_indexRoom)
+        m_indexRoom->open(*m_context, &options);
+    else
+        av_dict_set(&options, "movflags", "+faststart", 0);
     const int result = avformat_write_header(m_context, &options);
     av_dict_free(&options);
     if (result < 0)
@@ -146,7 +169,6 @@ Result<void> Mp4Writer::writeNow(int number, PacketHandle packet) {
     Track& track = m_tracks[static_cast<std::size_t>(number)];
     const AVStream* stream = m_context->streams[number];
     packet->stream_index = number;
-    packet->pos = -1;
     av_packet_rescale_ts(packet.get(), track.description.timeBase, stream->time_base);
     // Where a source joins pieces, times may repeat; MP4 counts in steps of at least one.
     if (packet->dts != AV_NOPTS_VALUE) {
@@ -157,7 +179,7 @@ Result<void> Mp4Writer::writeNow(int number, PacketHandle packet) {
         track.lastDts = packet->dts;
     }
     ++track.packetCount;
-    int result = av_interleaved_write_frame(m_context, packet.get());
+    int result = m_mover ? writeWithGap(packet.get()) : av_interleaved_write_frame(m_context, packet.get());
     if (result >= 0)
         result = m_context->pb->error;
     if (result < 0)
@@ -165,9 +187,37 @@ Result<void> Mp4Writer::writeNow(int number, PacketHandle packet) {
     return {};
 }
 
-Result<void> Mp4Writer::finish() {
+int Mp4Writer::writeWithGap(AVPacket* packet) {
+    m_io.leaveGapFor(packet->data, packet->size);
+    const int result = av_write_frame(m_context, packet);
+    if (result < 0 || packet->size == 0)
+        return result;
+    const auto gap = m_io.gap();
+    if (!gap)
+        return AVERROR_BUG;
+    m_mover->add({packet->pos, *gap, packet->size});
+    return result;
+}
+
+Result<void> Mp4Writer::finish(const std::function<void(double)>& progress) {
     if (!m_hasBegun)
         return failure(ErrorCode::InvalidSource, "Nothing in the file could be decoded");
+    if (!m_mover)
+        return writeIndex();
+    // Where only gaps are there is nothing to move when the index goes in front, but that they lie further
+    // on.
+    avio_flush(m_context->pb);
+    const std::int64_t start = box("mdat").contentStart;
+    if (auto written = writeIndex(); !written)
+        return written;
+    return m_mover->move(box("mdat").contentStart - start, progress);
+}
+
+Result<void> Mp4Writer::writeIndex() {
+    if (m_indexRoom) {
+        avio_flush(m_context->pb);
+        m_indexRoom->settle(*m_context, box("ftyp").end, indexedCount());
+    }
     int result = av_write_trailer(m_context);
     avio_flush(m_context->pb);
     if (result >= 0)
@@ -175,6 +225,21 @@ Result<void> Mp4Writer::finish() {
     if (result < 0)
         return ffmpegFailure(ErrorCode::WriteFailed, "The result cannot be finished", result);
     return {};
+}
+
+std::int64_t Mp4Writer::indexedCount() const {
+    // Before, between and after texts there may be empty ones.
+    constexpr int entriesOfText = 2;
+    std::int64_t count = entriesOfText * std::int64_t{m_context->nb_chapters};
+    for (const Track& track : m_tracks) {
+        const bool isText = track.description.codec->codec_type == AVMEDIA_TYPE_SUBTITLE;
+        count += isText ? entriesOfText * track.packetCount + 1 : track.packetCount;
+    }
+    return count;
+}
+
+Box Mp4Writer::box(const char* type) const {
+    return findBox(m_io.descriptor(), 0, m_io.sizeBytes(), type).value_or(Box());
 }
 
 } // namespace reelsmith::media

@@ -1,14 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "media/BoxWalk.h"
 #include "media/DescriptorIo.h"
 #include "media/Error.h"
 #include "media/Handles.h"
+#include "media/IndexRoom.h"
+#include "media/RangeMover.h"
 
 #include <array>
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -47,6 +52,14 @@ public:
 
     void annotate(const Annotations& annotations);
 
+    /// All packets are copied from where they stand in this file (AVPacket::pos) by finish(); of their own
+    /// bytes only the number counts. They are written in the order in which they come. Before sealTracks().
+    void takePacketsFrom(int source);
+
+    /// Leaves room in front for an index of so many packets, which saves moving the media data in the end.
+    /// Where more come they are moved nevertheless. Before sealTracks().
+    void leaveRoomFor(std::int64_t packetCount);
+
     /// Its number, in the order in which tracks will stand in the file. Before any thread writes.
     int reserveTrack();
 
@@ -59,8 +72,9 @@ public:
     /// Writes a packet whose times count in the track's described time base. Any thread.
     Result<void> write(int track, PacketHandle packet);
 
-    /// Writes the index and flushes; after it the file is whole. All threads must have ended.
-    Result<void> finish();
+    /// Writes the index and what is still to be copied; after it the file is whole. All threads must have
+    /// ended. `progress` gets the fraction of what was to be copied.
+    Result<void> finish(const std::function<void(double)>& progress);
 
     /// Packets written of a track.
     std::int64_t packetCount(int track) const {
@@ -80,12 +94,19 @@ private:
 
     Result<void> beginOnceDescribed();
     Result<void> begin();
+    Result<void> addStreams();
     Result<void> writeNow(int track, PacketHandle packet);
+    int writeWithGap(AVPacket* packet);
+    Result<void> writeIndex();
+    std::int64_t indexedCount() const;
+    Box box(const char* type) const;
 
     std::mutex m_mutex;
     DescriptorIo m_io;
     DescriptorIo m_rereading; ///< for moving the media data when the index goes in front
     AVFormatContext* m_context = nullptr;
+    std::optional<RangeMover> m_mover;
+    std::optional<IndexRoom> m_indexRoom;
     std::vector<Track> m_tracks;
     std::deque<std::pair<int, PacketHandle>> m_waiting;
     bool m_isSealed = false;

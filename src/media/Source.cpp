@@ -2,6 +2,7 @@
 #include "media/Source.h"
 
 #include "media/Limits.h"
+#include "media/MovieHeader.h"
 
 #include <algorithm>
 #include <cstring>
@@ -43,6 +44,35 @@ bool isDescribedByHeaders(const AVFormatContext* context) {
                        });
 }
 
+/// Whether nobody on the way into an MP4 file looks at the packets.
+bool isOpaque(const AVCodecParameters* codec) {
+    if (codec->extradata_size == 0)
+        return false;
+    switch (codec->codec_id) {
+    case AV_CODEC_ID_H264:
+    case AV_CODEC_ID_HEVC:
+        // The version of a configuration as MP4 has it; a byte stream's begins with a zero and is taken
+        // apart.
+        return codec->extradata[0] == 1;
+    case AV_CODEC_ID_AAC:
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// How long an MP4 file's sample lasts until the next one of its track; 0 when unknown.
+std::int64_t durationOf(const AVPacket& packet, AVStream* track) {
+    const int at = av_index_search_timestamp(track, packet.dts, AVSEEK_FLAG_ANY | AVSEEK_FLAG_BACKWARD);
+    if (const AVIndexEntry* next = avformat_index_get_entry(track, at + 1))
+        return std::max<std::int64_t>(0, next->timestamp - packet.dts);
+    const AVIndexEntry* first = avformat_index_get_entry(track, 0);
+    if (first && track->duration > packet.dts - first->timestamp)
+        return track->duration - (packet.dts - first->timestamp);
+    const AVIndexEntry* before = avformat_index_get_entry(track, at - 1);
+    return before ? std::max<std::int64_t>(0, packet.dts - before->timestamp) : 0;
+}
+
 } // namespace
 
 Source::Source(int descriptor)
@@ -67,7 +97,8 @@ Result<std::unique_ptr<Source>> Source::open(int descriptor, Detail detail) {
         return failure(ErrorCode::InvalidSource, "The file is empty");
     if (auto opened = source->openContainer(); !opened)
         return tl::unexpected(opened.error());
-    if (auto found = source->findTracks(detail); !found)
+    const bool isWithoutBytes = detail == Detail::Positions;
+    if (auto found = isWithoutBytes ? source->stopFetching() : source->findTracks(detail); !found)
         return tl::unexpected(found.error());
     return source;
 }
@@ -100,19 +131,32 @@ Result<void> Source::findTracks(Detail detail) {
     return {};
 }
 
-bool Source::startsOnKeyFrame(int track) {
+Result<void> Source::stopFetching() {
+    const bool isMp4 = std::strstr(m_context->iformat->name, "mp4") != nullptr;
+    if (!isMp4 || !isDescribedByHeaders(m_context) || hasFragments(descriptor()))
+        return failure(ErrorCode::Unsupported, "The file does not tell where its packets are");
+    // What FFmpeg finds out from the packets themselves, this file's index says.
+    m_context->flags |= AVFMT_FLAG_NOPARSE | AVFMT_FLAG_NOFILLIN;
+    m_io.stopFetching();
+    m_tellsPositionsOnly = true;
+    return {};
+}
+
+const AVPacket* Source::firstPacket(int track) {
     constexpr std::size_t mostAhead = 2000;
+    const auto isFirst = [track](const PacketHandle& packet) { return packet->stream_index == track; };
+    auto found = std::find_if(m_ahead.begin(), m_ahead.end(), isFirst);
+    if (found != m_ahead.end())
+        return found->get();
     while (m_ahead.size() < mostAhead) {
         PacketHandle packet = readNext();
         if (!packet)
             break;
-        const bool isFirst = packet->stream_index == track;
-        const bool isKeyFrame = (packet->flags & AV_PKT_FLAG_KEY) != 0;
         m_ahead.push_back(std::move(packet));
-        if (isFirst)
-            return isKeyFrame;
+        if (isFirst(m_ahead.back()))
+            return m_ahead.back().get();
     }
-    return false;
+    return nullptr;
 }
 
 PacketHandle Source::readPacket() {
@@ -127,12 +171,19 @@ PacketHandle Source::readNext() {
     PacketHandle packet = makePacket();
     for (int errors = 0; errors < maximumReadErrors; ++errors) {
         const int result = av_read_frame(m_context, packet.get());
-        if (result >= 0)
+        if (result >= 0) {
+            if (m_tellsPositionsOnly && packet->duration == 0)
+                packet->duration = durationOf(*packet, track(packet->stream_index));
             return packet;
+        }
         if (result == AVERROR_EOF || avio_feof(m_context->pb))
             break;
     }
     return nullptr;
+}
+
+bool Source::isOpaque(int track) const {
+    return media::isOpaque(m_context->streams[track]->codecpar);
 }
 
 double Source::fractionRead() const {

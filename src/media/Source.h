@@ -19,10 +19,12 @@ class Source {
 public:
     /// How much to find out on opening. Headers: only what the container says, where that suffices for
     /// duration, size and codec (else the same as Decoded). Decoded: the first packets are decoded too, for
-    /// pixel format, colour, field order and profile.
-    enum class Detail { Headers, Decoded };
+    /// pixel format, colour, field order and profile. Positions: the same as Headers, and packets come
+    /// without their bytes (zeros and rubbish of the right size) but say where they are (AVPacket::pos).
+    enum class Detail { Headers, Decoded, Positions };
 
-    /// Fails with InvalidSource for what is no video file. The descriptor must outlive the source.
+    /// Fails with InvalidSource for what is no video file, with Unsupported where a file does not tell the
+    /// positions of its packets in advance. The descriptor must outlive the source.
     static Result<std::unique_ptr<Source>> open(int descriptor, Detail detail);
 
     ~Source();
@@ -36,9 +38,15 @@ public:
     /// container allows it.
     PacketHandle readPacket();
 
-    /// Reads on, if need be, until a packet of the track is there, and tells whether it is a key frame. The
-    /// packets read are not lost: readPacket() yields them first.
-    bool startsOnKeyFrame(int track);
+    /// Reads on, if need be, until a packet of the track is there; null where there is none soon. The packets
+    /// read are not lost: readPacket() yields them first, until when this one stays valid.
+    const AVPacket* firstPacket(int track);
+
+    /// Whether it was opened for positions.
+    bool tellsPositionsOnly() const { return m_tellsPositionsOnly; }
+
+    /// Whether the track's packets go into an MP4 file without anybody looking at their bytes.
+    bool isOpaque(int track) const;
 
     /// How much of the file has been read, 0…1.
     double fractionRead() const;
@@ -50,12 +58,14 @@ private:
     explicit Source(int descriptor);
     Result<void> openContainer();
     Result<void> findTracks(Detail detail);
+    Result<void> stopFetching();
     PacketHandle readNext();
 
     DescriptorIo m_io;
     AVFormatContext* m_context = nullptr;
     std::deque<PacketHandle> m_ahead; ///< read, but not yet handed out
     std::int64_t m_sizeBytes = 0;
+    bool m_tellsPositionsOnly = false;
 };
 
 } // namespace reelsmith::media

@@ -65,6 +65,8 @@ Result<void> TrackCopy::describe(const AVStream* stream, const Track& track) {
     if (!description.codec || avcodec_parameters_copy(description.codec.get(), codec) < 0)
         return failure(ErrorCode::OutOfMemory, "Out of memory");
     description.codec->codec_tag = codec->codec_id == AV_CODEC_ID_HEVC ? MKTAG('h', 'v', 'c', '1') : 0;
+    if (stream->sample_aspect_ratio.num > 0)
+        description.codec->sample_aspect_ratio = stream->sample_aspect_ratio;
     description.timeBase = stream->time_base;
     description.language = track.language;
     description.disposition =
@@ -115,6 +117,8 @@ Result<void> TrackCopy::pass(AVPacket* packet) {
             return {};
         if (result < 0)
             return ffmpegFailure(ErrorCode::Unsupported, "Copying a track", result);
+        // It need no longer be what stands in the source.
+        filtered->pos = -1;
         if (auto written = m_context.writer.write(m_outputTrack, std::move(filtered)); !written)
             return written;
     }
