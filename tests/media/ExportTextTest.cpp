@@ -55,7 +55,7 @@ TEST_F(ExportText, SubtitlesBecomeTimedTextInEveryPreset) {
     const std::string source =
         make("source.mkv",
              clockPictures(10, 2) + tone("0.1", 2) +
-                 "-i first.srt -i second.srt -map 0 -map 1 -map 2 -map 3 -c:v libx264 -c:a aac -c:s:0 "
+                 "-i first.srt -i second.srt -map 0 -map 1 -map 2 -map 3 -c:v libx264 -c:a pcm_s16le -c:s:0 "
                  "ass -c:s:1 srt -metadata:s:s:0 language=ger -metadata:s:s:1 language=eng");
     for (const Preset preset : {Preset::Low, Preset::Highest, Preset::Passthrough}) {
         const Movie movie = convert(source, preset);
