@@ -3,6 +3,7 @@
 
 #include "media/Colour.h"
 #include "media/Error.h"
+#include "media/FramePool.h"
 #include "media/Handles.h"
 
 #include <memory>
@@ -50,6 +51,7 @@ private:
     Picture m_result;
     std::unique_ptr<zimg_filter_graph, GraphDeleter> m_graph;
     std::unique_ptr<void, AlignedDeleter> m_scratch;
+    FramePool m_pool;
 };
 
 } // namespace reelsmith::media

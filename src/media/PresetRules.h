@@ -9,6 +9,7 @@ namespace reelsmith::media {
 struct PresetRules {
     int shortSide;       ///< pixels, the most
     double peakRate;     ///< frames a second, the most
+    int refinement;      ///< x264's subme: how closely it looks where a block has moved from
     double rateFactor;   ///< x264's CRF
     int stereoBitRate;   ///< AAC, bits a second
     int monoBitRate;     ///< AAC, bits a second
@@ -19,14 +20,14 @@ struct PresetRules {
 constexpr PresetRules rulesOf(Preset preset) {
     switch (preset) {
     case Preset::Low:
-        return {360, 30, 24, 96'000, 64'000, 0.090};
+        return {360, 30, 1, 26.5, 96'000, 64'000, 0.090};
     case Preset::Medium:
-        return {720, 30, 23, 128'000, 80'000, 0.075};
+        return {720, 30, 1, 25.5, 128'000, 80'000, 0.075};
     case Preset::Highest:
     case Preset::Passthrough:
         break;
     }
-    return {2160, 60, 20, 192'000, 112'000, 0.095};
+    return {2160, 60, 2, 22.5, 192'000, 112'000, 0.095};
 }
 
 } // namespace reelsmith::media

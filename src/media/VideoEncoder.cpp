@@ -18,13 +18,16 @@ constexpr int groupSeconds = 5;
 
 /// Pictures above this are many enough that a long lookahead costs more memory than a phone has.
 constexpr int fullLookaheadPixels = 1920 * 1088;
+constexpr int longLookaheadPixels = 1280 * 720;
 
-/// `superfast` with the tools that matter most put back: what the quick presets lack is the lookahead's view
-/// of which blocks later pictures build on, more than any search.
-std::string encoderParameters(int pixels) {
-    const int lookahead = pixels > fullLookaheadPixels ? 8 : 20;
-    return "mbtree=1:weightp=1:rc-lookahead=" + std::to_string(lookahead) +
-           ":partitions=i8x8,i4x4,p8x8,b8x8:open-gop=0";
+/// What `veryfast` does, with a longer view ahead: how much later pictures build on a block saves more than a
+/// finer search. Half the usual adaptive quantisation, which spends bits on plain areas that the measure of
+/// likeness (SSIM) hardly counts: the same likeness comes out a tenth smaller. The smaller presets look less
+/// closely still: an eighth more bytes for a quarter less work.
+std::string encoderParameters(const PresetRules& rules, int pixels) {
+    const int lookahead = pixels > fullLookaheadPixels ? 8 : pixels > longLookaheadPixels ? 20 : 30;
+    return "me=hex:aq-strength=0.5:bframes=4:b-adapt=0:subme=" + std::to_string(rules.refinement) +
+           ":rc-lookahead=" + std::to_string(lookahead);
 }
 
 } // namespace
@@ -50,10 +53,11 @@ Result<std::unique_ptr<VideoEncoder>> VideoEncoder::open(const AVFrame& first, c
     context->framerate = av_d2q(rate, 100'000);
     context->gop_size = std::max(1, static_cast<int>(std::lround(rate * groupSeconds)));
     context->flags |= AV_CODEC_FLAG_GLOBAL_HEADER | AV_CODEC_FLAG_CLOSED_GOP;
-    av_opt_set(context->priv_data, "preset", "superfast", 0);
+    av_opt_set(context->priv_data, "preset", "veryfast", 0);
     av_opt_set(context->priv_data, "profile", "high", 0);
     av_opt_set_double(context->priv_data, "crf", settings.rules.rateFactor, 0);
-    av_opt_set(context->priv_data, "x264-params", encoderParameters(first.width * first.height).c_str(), 0);
+    av_opt_set(context->priv_data, "x264-params",
+               encoderParameters(settings.rules, first.width * first.height).c_str(), 0);
     if (const int result = avcodec_open2(context.get(), codec, nullptr); result < 0)
         return ffmpegFailure(ErrorCode::Internal, "The H.264 encoder refuses", result);
     return std::unique_ptr<VideoEncoder>(new VideoEncoder(std::move(context)));

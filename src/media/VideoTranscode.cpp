@@ -13,8 +13,13 @@ namespace {
 constexpr std::size_t waitingPackets = 64;
 constexpr std::size_t waitingFrames = 4;
 
-/// More decoder threads than this only cost memory.
-constexpr unsigned mostDecoderThreads = 4;
+/// Threads share a decoder's work at a price. Pictures up to HD leave some processors to the other stages,
+/// which run at the same time; more than four threads only cost memory.
+int decoderThreads(const Track& track) {
+    const int processors = static_cast<int>(std::max(1U, std::thread::hardware_concurrency()));
+    const bool isLarge = track.width * track.height > 1920 * 1088;
+    return std::clamp(isLarge ? processors : processors / 2, 1, 4);
+}
 
 /// From this much smaller a picture on, an unfiltered block edge here and there is out of sight.
 constexpr double reductionThatHidesEdges = 1.5;
@@ -48,9 +53,9 @@ Result<std::unique_ptr<VideoTranscode>> VideoTranscode::make(const Source& sourc
                                                              const ExportPlan& plan, ExportContext& context) {
     const Track& track = info.tracks[static_cast<std::size_t>(plan.video.track)];
     Decoder::Options options;
-    options.threads =
-        static_cast<int>(std::clamp(std::thread::hardware_concurrency(), 1U, mostDecoderThreads));
-    if (track.codec == AV_CODEC_ID_H264 && plan.video.reduction >= reductionThatHidesEdges)
+    options.threads = decoderThreads(track);
+    const bool hasLoopFilter = track.codec == AV_CODEC_ID_H264 || track.codec == AV_CODEC_ID_HEVC;
+    if (hasLoopFilter && plan.video.reduction >= reductionThatHidesEdges)
         options.loopFilter = Decoder::LoopFilter::ReferencedOnly;
     auto decoder = Decoder::open(source.track(track.index), options);
     if (!decoder)
