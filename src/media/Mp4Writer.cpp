@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/Mp4Writer.h"
 
+#include "media/IndexShift.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstring>
@@ -210,7 +212,10 @@ Result<void> Mp4Writer::finish(const std::function<void(double)>& progress) {
     const std::int64_t start = box("mdat").contentStart;
     if (auto written = writeIndex(); !written)
         return written;
-    return m_mover->move(box("mdat").contentStart - start, progress);
+    const auto shift = [&] { return box("mdat").contentStart - start; };
+    if (auto pushed = pushMediaData(m_io.descriptor(), m_mover->bytesToAlignment(shift())); !pushed)
+        return pushed;
+    return m_mover->move(shift(), progress);
 }
 
 Result<void> Mp4Writer::writeIndex() {

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <numeric>
 #include <unistd.h>
 
 namespace reelsmith::media {
@@ -14,6 +15,25 @@ namespace {
 constexpr std::int64_t mostAtOnce = 32 << 20;
 
 constexpr std::size_t bufferBytes = 1 << 20;
+
+/// What the kernel moves in one piece if it can, and a whole number of any file system's blocks.
+constexpr std::int64_t blockBytes = 64 << 10;
+
+/// From here on a block more in the file does not count.
+constexpr std::int64_t muchBytes = 1000 * blockBytes;
+
+/// How much of a range to copy in one go: where blocks become blocks, these apart from what lies before and
+/// behind them.
+std::int64_t nextSize(const RangeMover::Range& range) {
+    if ((range.to - range.from) % blockBytes != 0)
+        return std::min(range.sizeBytes, mostAtOnce);
+    const std::int64_t intoBlock = range.from % blockBytes;
+    if (intoBlock > 0)
+        return std::min(range.sizeBytes, blockBytes - intoBlock);
+    if (range.sizeBytes > blockBytes)
+        return std::min(range.sizeBytes - range.sizeBytes % blockBytes, mostAtOnce);
+    return range.sizeBytes;
+}
 
 template<typename Call>
 ssize_t unlessInterrupted(Call call) {
@@ -42,10 +62,20 @@ void RangeMover::add(const Range& range) {
     m_ranges.push_back(range);
 }
 
+std::int64_t RangeMover::totalBytes() const {
+    return std::accumulate(m_ranges.begin(), m_ranges.end(), std::int64_t{0},
+                           [](std::int64_t sum, const Range& range) { return sum + range.sizeBytes; });
+}
+
+std::int64_t RangeMover::bytesToAlignment(std::int64_t shiftBytes) const {
+    if (totalBytes() < muchBytes)
+        return 0;
+    const std::int64_t ahead = (m_ranges.front().to + shiftBytes - m_ranges.front().from) % blockBytes;
+    return (blockBytes - ahead) % blockBytes;
+}
+
 Result<void> RangeMover::move(std::int64_t shiftBytes, const std::function<void(double)>& progress) {
-    std::int64_t total = 0;
-    for (const Range& range : m_ranges)
-        total += range.sizeBytes;
+    const std::int64_t total = totalBytes();
     std::int64_t moved = 0;
     for (Range range : m_ranges) {
         range.to += shiftBytes;
@@ -63,7 +93,7 @@ Result<void> RangeMover::move(std::int64_t shiftBytes, const std::function<void(
 
 Result<std::int64_t> RangeMover::moveSome(const Range& range) {
     if (m_isKernelWilling) {
-        const auto size = static_cast<std::size_t>(std::min(range.sizeBytes, mostAtOnce));
+        const auto size = static_cast<std::size_t>(nextSize(range));
         const ssize_t count = unlessInterrupted([&] {
             loff_t from = range.from;
             loff_t to = range.to;

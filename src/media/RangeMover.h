@@ -24,12 +24,17 @@ public:
     /// Notes a range; one that goes on where the one before ends becomes a part of it.
     void add(const Range& range);
 
+    /// How many bytes further on still the first range would have to go for whole blocks to become whole
+    /// blocks, which file systems copy faster or share.
+    std::int64_t bytesToAlignment(std::int64_t shiftBytes) const;
+
     /// Copies all that was noted, each range to a place so many bytes further on. `progress` gets the copied
     /// fraction. Fails with InvalidSource where the source ends too early, with WriteFailed where the
     /// destination takes no more.
     Result<void> move(std::int64_t shiftBytes, const std::function<void(double)>& progress);
 
 private:
+    std::int64_t totalBytes() const;
     Result<std::int64_t> moveSome(const Range& range);
     Result<std::int64_t> moveThroughBuffer(const Range& range);
 
