@@ -83,9 +83,9 @@ TEST(OutputName, IsTheGivenNameOrTheSourcesFirstPiece) {
 }
 
 TEST_F(Converter, ANewOneHasItsPresetAndNothingElse) {
-    m_services.remoteConfig->setActivatedValues({{u"enable_passthrough_preset"_s, u"true"_s}});
+    m_services.remoteConfig->setState({.activated = {{u"enable_passthrough_preset"_s, u"true"_s}}});
     make(file(u"clip.mov"_s, goodScript));
-    m_services.remoteConfig->reset();
+    m_services.remoteConfig->setState({});
     EXPECT_EQ(m_converter->conversionQuality(), AVAssetExportPresetHighestQuality);
     EXPECT_EQ(m_converter->rawQuality(), ConversionQuality::medium);
     EXPECT_EQ(m_converter->currentMode(), ConversionMode::legacy);
@@ -106,7 +106,7 @@ TEST_F(Converter, ASuccessIsCountedLoggedAndReported) {
     EXPECT_EQ(m_console.lines(), (QStringList{u"Passthrough enabled: false"_s, u"Playable: true"_s,
                                               u"Exportable: true"_s, u"ENDED"_s}));
     EXPECT_EQ(UserSettings::shared().conversionCount(), before + 1);
-    EXPECT_EQ(m_services.analytics->events(),
+    EXPECT_EQ(m_services.analytics->state().events,
               (QList<InMemoryAnalytics::Event>{{u"converted_success"_s, std::nullopt}}));
     EXPECT_FALSE(m_hasFailed || m_isCancelCalled);
 }
@@ -119,7 +119,7 @@ TEST_F(Converter, WithoutConsentASuccessIsCountedOnly) {
     ASSERT_TRUE(waitForEnd());
     EXPECT_EQ(m_output, inOutputs(u"clip.mp4"_s));
     EXPECT_EQ(UserSettings::shared().conversionCount(), before + 1);
-    EXPECT_TRUE(m_services.analytics->events().isEmpty());
+    EXPECT_TRUE(m_services.analytics->state().events.isEmpty());
 }
 
 TEST_F(Converter, FailedExportReportsInvalidFile) {
@@ -131,7 +131,7 @@ TEST_F(Converter, FailedExportReportsInvalidFile) {
     EXPECT_EQ(m_failure, u"Invalid file"_s);
     EXPECT_NE(m_failureThread, std::this_thread::get_id());
     EXPECT_EQ(m_console.lines().mid(3), (QStringList{u"FAILED"_s, noVideo}));
-    EXPECT_EQ(m_services.analytics->events(),
+    EXPECT_EQ(m_services.analytics->state().events,
               (QList<InMemoryAnalytics::Event>{
                   {u"converted_failure"_s, AnalyticsParameters{{u"reason"_s, noVideo}}}}));
     EXPECT_EQ(UserSettings::shared().conversionCount(), before);
@@ -172,7 +172,7 @@ TEST_F(Converter, ADroppedOneFallsSilentWhileItsFileAppears) {
     EXPECT_FALSE(m_console.lines().contains(u"ENDED"_s));
     EXPECT_FALSE(m_output);
     EXPECT_EQ(UserSettings::shared().conversionCount(), before);
-    EXPECT_TRUE(m_services.analytics->events().isEmpty());
+    EXPECT_TRUE(m_services.analytics->state().events.isEmpty());
 }
 
 TEST_F(Converter, ASourceUnderItsOwnNameIsReplacedOnlyByAGoodResult) {

@@ -17,19 +17,33 @@ public:
 
         bool operator==(const Event&) const = default;
     };
+    struct State {
+        QList<Event> events = {};
+        QMap<QString, QString> userProperties = {};
+    };
 
-    void reset();
+    void reset() {
+        const std::lock_guard lock(m_mutex);
+        m_state = {};
+    }
+    State state() const {
+        const std::lock_guard lock(m_mutex);
+        return m_state;
+    }
 
-    QList<Event> events() const;
-    QMap<QString, QString> userProperties() const;
-
-    void logEventWithName(const QString& name, const std::optional<AnalyticsParameters>& parameters) override;
-    void setUserPropertyString(const QString& value, const QString& name) override;
+    void logEventWithName(const QString& name,
+                          const std::optional<AnalyticsParameters>& parameters) override {
+        const std::lock_guard lock(m_mutex);
+        m_state.events.append({name, parameters});
+    }
+    void setUserPropertyString(const QString& value, const QString& name) override {
+        const std::lock_guard lock(m_mutex);
+        m_state.userProperties.insert(name, value);
+    }
 
 private:
     mutable std::mutex m_mutex;
-    QList<Event> m_events;
-    QMap<QString, QString> m_userProperties;
+    State m_state;
 };
 
 } // namespace reelsmith

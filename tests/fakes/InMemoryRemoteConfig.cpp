@@ -3,39 +3,9 @@
 
 namespace reelsmith {
 
-InMemoryRemoteConfig::InMemoryRemoteConfig(DispatchQueue reportsOn) : m_reportsOn(reportsOn) {}
-
-void InMemoryRemoteConfig::reset() {
+void InMemoryRemoteConfig::setState(const State& state) {
     const std::lock_guard lock(m_mutex);
-    m_state = State();
-}
-
-void InMemoryRemoteConfig::setServerValues(const Values& values) {
-    const std::lock_guard lock(m_mutex);
-    m_state.server = values;
-}
-
-void InMemoryRemoteConfig::setActivatedValues(const Values& values) {
-    const std::lock_guard lock(m_mutex);
-    m_state.activated = values;
-}
-
-void InMemoryRemoteConfig::setFetchOutcome(RemoteConfigFetchStatus status,
-                                           const std::optional<ServiceError>& error) {
-    const std::lock_guard lock(m_mutex);
-    m_state.fetchStatus = status;
-    m_state.fetchError = error;
-}
-
-void InMemoryRemoteConfig::setActivationError(const ServiceError& error) {
-    const std::lock_guard lock(m_mutex);
-    m_state.activationError = error;
-}
-
-void InMemoryRemoteConfig::letTimePass(std::chrono::seconds time) {
-    const std::lock_guard lock(m_mutex);
-    if (m_state.age)
-        *m_state.age += time;
+    m_state = state;
 }
 
 int InMemoryRemoteConfig::requestCount() const {

@@ -15,24 +15,20 @@ public:
     /// A key without text is one whose value is no string.
     using Values = QMap<QString, std::optional<QString>>;
 
+    /// Where it stands, and what comes of the fetches and activations from now on.
+    struct State {
+        Values server = {}, fetched = {}, activated = {};
+        RemoteConfigFetchStatus fetchStatus = RemoteConfigFetchStatus::Success;
+        std::optional<ServiceError> fetchError = {}, activationError = {};
+        std::optional<std::chrono::seconds> age = {}; ///< of the fetched values, if any
+        int requestCount = 0;                         ///< how many fetches have asked the server
+    };
+
     explicit InMemoryRemoteConfig(
-        DispatchQueue reportsOn = DispatchQueue::global(QualityOfService::UserInitiated));
+        DispatchQueue reportsOn = DispatchQueue::global(QualityOfService::UserInitiated))
+        : m_reportsOn(reportsOn) {}
 
-    /// Forgets everything, the server's values included.
-    void reset();
-
-    /// What the server hands out from now on.
-    void setServerValues(const Values& values);
-    /// Values in force at once, as an earlier launch left them.
-    void setActivatedValues(const Values& values);
-    /// How the following fetches end instead of with success.
-    void setFetchOutcome(RemoteConfigFetchStatus status, const std::optional<ServiceError>& error);
-    /// What the following activations end with.
-    void setActivationError(const ServiceError& error);
-    /// Makes the last fetched values older.
-    void letTimePass(std::chrono::seconds time);
-
-    /// How many fetches have asked the server.
+    void setState(const State& state);
     int requestCount() const;
 
     void fetchWithExpirationDuration(std::chrono::seconds expirationDuration,
@@ -42,14 +38,6 @@ public:
     QSet<QString> keysWithPrefix(const QString& prefix) const override;
 
 private:
-    struct State {
-        Values server, fetched, activated;
-        RemoteConfigFetchStatus fetchStatus = RemoteConfigFetchStatus::Success;
-        std::optional<ServiceError> fetchError, activationError;
-        std::optional<std::chrono::seconds> age; ///< of the fetched values, if any
-        int requestCount = 0;
-    };
-
     void fetchFromServer();
 
     const DispatchQueue m_reportsOn;

@@ -11,8 +11,10 @@ InMemoryServices& InMemoryServices::fresh() {
         Services::configure({made.remoteConfig, made.installations, made.analytics});
         return made;
     }();
-    services.remoteConfig->reset();
-    services.installations->reset();
+    services.remoteConfig->setState({});
+    services.installations->token.reset();
+    services.installations->error.reset();
+    services.installations->refreshCount = 0;
     services.analytics->reset();
     return services;
 }

@@ -17,14 +17,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Short {
+template<int length>
+struct Sized {
     static constexpr auto key = "key"_L1;
-    static constexpr auto id = "b"_L1;
-};
-
-struct Long { // 32 characters
-    static constexpr auto key = "key"_L1;
-    static inline const QString id = QString(32, u'a');
+    static inline const QString id = QString(length, u'a');
 };
 
 struct Wide { // one character of eleven units
@@ -32,15 +28,14 @@ struct Wide { // one character of eleven units
     static inline const QString id = u"\U0001F468\u200D\U0001F469\u200D\U0001F467\u200D\U0001F466"_s;
 };
 
-struct Two {
-    static constexpr auto key = "key"_L1;
-    static constexpr auto id = "bc"_L1;
-};
-
 class ExperimentsTest : public testing::Test {
 protected:
     QString participation() const {
-        return m_services.analytics->userProperties().value(u"participating_tests"_s);
+        return m_services.analytics->state().userProperties.value(u"participating_tests"_s);
+    }
+
+    void setRemote(const QString& key, const QString& text) const {
+        m_services.remoteConfig->setState({.activated = {{key, text}}});
     }
 
     InMemoryServices& m_services = InMemoryServices::fresh();
@@ -57,37 +52,35 @@ TEST_F(ExperimentsTest, TheApplicationTakesPartInItsOneExperiment) {
     EXPECT_EQ(capture.lines(), QStringList{u"Compatible experiments: |3|"_s});
 }
 
-TEST_F(ExperimentsTest, ParticipationJoinsTheIdentifiersInOrder) {
-    ABTests::shared().registerExperiments<>();
-    EXPECT_EQ(participation(), "|");
-    ABTests::shared().registerExperiments<Short, Experiments::newVideoLayout>();
-    EXPECT_EQ(participation(), "|b|3|");
-}
-
 TEST_F(ExperimentsTest, ParticipationMayHave36CharactersAsAReaderCountsThem) {
-    ABTests::shared().registerExperiments<Long, Short>();
+    auto& tests = ABTests::shared();
+    tests.registerExperiments<>();
+    EXPECT_EQ(participation(), "|");
+    tests.registerExperiments<Sized<1>, Experiments::newVideoLayout>();
+    EXPECT_EQ(participation(), "|a|3|");
+    tests.registerExperiments<Sized<32>, Sized<1>>();
     EXPECT_EQ(participation().size(), 36);
-    ABTests::shared().registerExperiments<Long, Wide>();
+    tests.registerExperiments<Sized<32>, Wide>();
     EXPECT_EQ(participation().size(), 46);
 }
 
 TEST_F(ExperimentsDeathTest, MoreThan36CharactersStopTheProcessOnceTheyArePrinted) {
     const auto registerTooMuch = [] {
         setConsoleSink([](const QString& line) { std::fprintf(stderr, "%s\n", qUtf8Printable(line)); });
-        ABTests::shared().registerExperiments<Long, Two>();
+        ABTests::shared().registerExperiments<Sized<32>, Sized<2>>();
     };
     EXPECT_DEATH(
         registerTooMuch(),
-        "Compatible experiments: \\|a+\\|bc\\|\n"
+        "Compatible experiments: \\|a{32}\\|aa\\|\n"
         "RemoteSettings/ABTests:32: Fatal error: Experiment keys can't have more than 36 characters");
 }
 
 TEST_F(ExperimentsTest, TheVariantIsTheRemoteTextOfThisMoment) {
     const auto variant = [] { return ABTestManager::shared().variant<Experiments::newVideoLayout>(); };
     EXPECT_EQ(variant(), "default");
-    m_services.remoteConfig->setActivatedValues({{u"new_video_layout_test"_s, u"variant_a"_s}});
+    setRemote(u"new_video_layout_test"_s, u"variant_a"_s);
     EXPECT_EQ(variant(), "variant_a");
-    m_services.remoteConfig->setActivatedValues({{u"new_video_layout_test"_s, u""_s}});
+    setRemote(u"new_video_layout_test"_s, u""_s);
     EXPECT_EQ(variant(), "default");
 }
 
@@ -99,9 +92,9 @@ TEST_F(ExperimentsTest, TheInstallationTokenIsRefreshedAndPrinted) {
     };
     print();
     EXPECT_TRUE(capture.lines().isEmpty());
-    m_services.installations->setToken(u"token"_s);
+    m_services.installations->token = u"token"_s;
     print();
-    m_services.installations->setError({u"offline"_s});
+    m_services.installations->error = ServiceError{u"offline"_s};
     print();
     EXPECT_EQ(capture.lines(),
               (QStringList{u"Installation auth token: token#2"_s, u"Error fetching token: offline"_s}));
@@ -117,9 +110,9 @@ TEST_F(ExperimentsTest, PassthroughMovesEachQualityAboveLowOneStepUp) {
                  {high, AVAssetExportPresetHighestQuality, AVAssetExportPresetPassthrough}};
     for (const auto& [quality, off, on] : cases) {
         const ConsoleCapture capture;
-        m_services.remoteConfig->setActivatedValues({{u"enable_passthrough_preset"_s, u"yes"_s}});
+        setRemote(u"enable_passthrough_preset"_s, u"yes"_s);
         EXPECT_EQ(exportPresetName(quality), off);
-        m_services.remoteConfig->setActivatedValues({{u"enable_passthrough_preset"_s, u"1"_s}});
+        setRemote(u"enable_passthrough_preset"_s, u"1"_s);
         EXPECT_EQ(exportPresetName(quality), on);
         EXPECT_EQ(capture.lines(),
                   (QStringList{u"Passthrough enabled: false"_s, u"Passthrough enabled: true"_s}));

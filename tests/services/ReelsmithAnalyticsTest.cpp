@@ -29,7 +29,7 @@ TEST_F(ReelsmithAnalyticsTest, EventsCarryTheirParametersOrNoDictionaryAtAll) {
     ReelsmithAnalytics::logConvertedFailure(u"unknown"_s);
     ReelsmithAnalytics::logConvertedFailure(std::nullopt);
     ReelsmithAnalytics::logEvaluatedApp(4);
-    EXPECT_EQ(m_service.events(),
+    EXPECT_EQ(m_service.state().events,
               (Events{{u"download_success"_s, std::nullopt},
                       {u"converted_failure"_s, AnalyticsParameters{{u"reason"_s, u"unknown"_s}}},
                       {u"converted_failure"_s, AnalyticsParameters{}},
@@ -41,5 +41,5 @@ TEST_F(ReelsmithAnalyticsTest, WithoutConsentAnEventIsDroppedForGood) {
     ReelsmithAnalytics::logEvent(AnalyticsEvents::startedTutorial);
     UserSettings::shared().setSendUsageData(true);
     ReelsmithAnalytics::logEvent(AnalyticsEvents::sharedVideo);
-    EXPECT_EQ(m_service.events(), (Events{{u"shared_video"_s, std::nullopt}}));
+    EXPECT_EQ(m_service.state().events, (Events{{u"shared_video"_s, std::nullopt}}));
 }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "RemoteSettings/RemoteSettings.h"
 
-#include "RemoteSettings/Environment.h"
 #include "platform/services/Unconfigured.h"
 
 #include "fakes/ConsoleCapture.h"
@@ -19,14 +18,10 @@ namespace {
 
 constexpr auto key = "key"_L1;
 
-struct OnByDefault {
+template<bool value>
+struct Toggle {
     static constexpr QLatin1StringView key = ::key;
-    static constexpr bool defaultValue = true;
-};
-
-struct OffByDefault {
-    static constexpr QLatin1StringView key = ::key;
-    static constexpr bool defaultValue = false;
+    static constexpr bool defaultValue = value;
 };
 
 class RemoteSettingsTest : public testing::Test {
@@ -40,9 +35,11 @@ protected:
 
     template<typename T>
     T remote(const std::optional<QString>& text, T defaultValue) const {
-        m_service->setActivatedValues({{key, text}});
+        m_service->setState({.activated = {{key, text}}});
         return m_settings->value(ScenarioParameter<T>{key, defaultValue});
     }
+
+    QString value() const { return m_settings->value(ScenarioParameter<QString>{key, u"off"_s}); }
 
     std::shared_ptr<InMemoryRemoteConfig> m_service = std::make_shared<InMemoryRemoteConfig>();
     std::shared_ptr<RemoteSettings> m_settings = std::make_shared<RemoteSettings>(m_service);
@@ -52,48 +49,39 @@ protected:
 } // namespace
 
 TEST_F(RemoteSettingsTest, FetchedValuesAreInForceAndPrinted) {
-    m_service->setServerValues({{key, u"on"_s}});
-    EXPECT_EQ(m_settings->value(ScenarioParameter<QString>{key, u"off"_s}), "off");
     fetch();
-    EXPECT_EQ(m_settings->value(ScenarioParameter<QString>{key, u"off"_s}), "on");
-    EXPECT_EQ(m_console.lines(), (QStringList{u"Activate remote configs successfuly"_s,
-                                              u"\nREMOTE CONFIGS:"_s, u"    key: on"_s, u""_s}));
-}
-
-TEST_F(RemoteSettingsTest, AKeyWithoutTextIsPrintedAsNull) {
-    m_service->setActivatedValues({{key, std::nullopt}});
-    m_settings->printRemoteConfigs();
-    EXPECT_EQ(m_console.lines(), (QStringList{u"\nREMOTE CONFIGS:"_s, u"    key: (null)"_s, u""_s}));
-}
-
-TEST_F(RemoteSettingsTest, AnActivationWithoutAnyKeyPrintsNoBlock) {
+    m_service->setState({.server = {{key, u"on"_s}}});
+    EXPECT_EQ(value(), "off");
     fetch();
-    EXPECT_EQ(m_console.lines(), QStringList{u"Activate remote configs successfuly"_s});
+    EXPECT_EQ(value(), "on");
+    m_service->setState({.server = {{key, std::nullopt}}});
+    fetch();
+    const QString activated = u"Activate remote configs successfuly"_s, block = u"\nREMOTE CONFIGS:"_s;
+    EXPECT_EQ(m_console.lines(), (QStringList{activated, activated, block, u"    key: on"_s, u""_s, activated,
+                                              block, u"    key: (null)"_s, u""_s}));
 }
 
 TEST_F(RemoteSettingsTest, FailuresArePrintedActivateNothingAndComplete) {
-    m_service->setServerValues({{key, u"on"_s}});
-    m_service->setFetchOutcome(RemoteConfigFetchStatus::Success, ServiceError{u"offline"_s});
+    using Status = RemoteConfigFetchStatus;
+    const InMemoryRemoteConfig::Values server{{key, u"on"_s}};
+    m_service->setState({.server = server, .fetchError = ServiceError{u"offline"_s}});
     fetch();
-    m_service->setFetchOutcome(RemoteConfigFetchStatus::Throttled, std::nullopt);
+    m_service->setState({.server = server, .fetchStatus = Status::Throttled});
     fetch();
-    m_service->setFetchOutcome(RemoteConfigFetchStatus::Success, std::nullopt);
-    m_service->setActivationError({u"no room"_s});
+    m_service->setState({.server = server, .activationError = ServiceError{u"no room"_s}});
     fetch();
     EXPECT_EQ(m_console.lines(), (QStringList{u"Failed to fetch scenario: offline"_s,
                                               u"Failed to fetch scenario with status 3"_s,
                                               u"Failed to activate remote configs: no room"_s}));
-    EXPECT_EQ(m_settings->value(ScenarioParameter<QString>{key, u"off"_s}), "off");
+    EXPECT_EQ(value(), "off");
 }
 
 TEST_F(RemoteSettingsTest, ValuesYoungerThanAnHourAreNotFetchedAgain) {
-    fetch();
-    m_service->letTimePass(59min);
-    fetch();
-    EXPECT_EQ(m_service->requestCount(), 1);
-    m_service->letTimePass(1min);
-    fetch();
-    EXPECT_EQ(m_service->requestCount(), 2);
+    for (const auto age : {59min, 60min}) {
+        m_service->setState({.age = age});
+        fetch();
+        EXPECT_EQ(m_service->requestCount(), age < 60min ? 0 : 1);
+    }
 }
 
 TEST(RemoteSettings, AFetchThatSucceedsAfterTheSettingsAreGoneDoesNothing) {
@@ -111,8 +99,8 @@ TEST(RemoteSettings, AFetchThatSucceedsAfterTheSettingsAreGoneDoesNothing) {
 
 TEST_F(RemoteSettingsTest, TextIsTakenVerbatimUnlessEmpty) {
     EXPECT_EQ(remote(u" Two words "_s, u"default"_s), " Two words ");
-    EXPECT_EQ(remote(u""_s, u"default"_s), "default");
-    EXPECT_EQ(remote(std::nullopt, u"default"_s), "default");
+    for (const std::optional<QString>& text : {std::optional(u""_s), std::optional<QString>()})
+        EXPECT_EQ(remote(text, u"default"_s), "default");
 }
 
 TEST_F(RemoteSettingsTest, TogglesFollowTheBooleanRule) {
@@ -120,19 +108,20 @@ TEST_F(RemoteSettingsTest, TogglesFollowTheBooleanRule) {
         {"true", true}, {"TRUE", true}, {"1", true}, {"false", false}, {"False", false}, {"0", false},
         {"yes", {}},    {"on", {}},     {"01", {}},  {" true", {}},    {"true ", {}},    {"", {}}};
     for (const auto& [text, value] : cases.asKeyValueRange()) {
-        m_service->setActivatedValues({{key, text}});
-        EXPECT_EQ(m_settings->isEnabled<OffByDefault>(), value.value_or(false)) << text.toStdString();
-        EXPECT_EQ(m_settings->isEnabled<OnByDefault>(), value.value_or(true)) << text.toStdString();
+        m_service->setState({.activated = {{key, text}}});
+        EXPECT_EQ(m_settings->isEnabled<Toggle<false>>(), value.value_or(false)) << text.toStdString();
+        EXPECT_EQ(m_settings->isEnabled<Toggle<true>>(), value.value_or(true)) << text.toStdString();
     }
 }
 
 TEST_F(RemoteSettingsTest, IntegersAreDecimalDigitsWithAnOptionalSign) {
+    constexpr qint64 greatest = std::numeric_limits<qint64>::max();
     const QMap<QString, qint64> integers = {{"7", 7},
                                             {"+7", 7},
                                             {"-0", 0},
                                             {"007", 7},
-                                            {"9223372036854775807", std::numeric_limits<qint64>::max()},
-                                            {"-9223372036854775808", std::numeric_limits<qint64>::min()}};
+                                            {"9223372036854775807", greatest},
+                                            {"-9223372036854775808", -greatest - 1}};
     for (const auto& [text, value] : integers.asKeyValueRange())
         EXPECT_EQ(remote<qint64>(text, 42), value) << text.toStdString();
     for (const char* text :
@@ -152,12 +141,7 @@ TEST_F(RemoteSettingsTest, WithNothingConfiguredAFetchFailsAndDefaultsStand) {
     fetch();
     EXPECT_EQ(m_console.lines(),
               QStringList{u"Failed to fetch scenario: No remote configuration service is configured"_s});
-    EXPECT_TRUE(m_settings->isEnabled<OnByDefault>());
+    EXPECT_TRUE(m_settings->isEnabled<Toggle<true>>());
     m_settings->printRemoteConfigs();
     EXPECT_EQ(m_console.lines().size(), 1);
-}
-
-TEST(EnvironmentValue, KeepsTheFirstCandidate) {
-    EXPECT_EQ(EnvironmentValue(1, 2).value(), 1);
-    EXPECT_EQ(EnvironmentValue(1, 2, 3).value(), 1);
 }

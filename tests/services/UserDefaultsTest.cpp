@@ -48,12 +48,6 @@ protected:
 
 } // namespace
 
-TEST_F(UserDefaultsTest, WhatWasNeverWrittenReadsAsNothing) {
-    EXPECT_FALSE(m_defaults.boolForKey(key));
-    EXPECT_EQ(m_defaults.integerForKey(key), 0);
-    EXPECT_FALSE(m_defaults.objectForKey(key).isValid());
-}
-
 TEST_F(UserDefaultsTest, RegisteredDefaultsAnswerUntilAValueIsStoredAndAreNeverPersisted) {
     m_defaults.registerDefaults({{key, true}, {QStringLiteral("Number"), 7}});
     EXPECT_TRUE(m_defaults.boolForKey(key));
@@ -105,9 +99,12 @@ TEST_F(UserDefaultsTest, EachWriteGivesTheFileALaterTime) {
     }
 }
 
-TEST_F(UserDefaultsTest, NoIncrementIsLostBetweenThreads) {
+TEST_F(UserDefaultsTest, NoIncrementIsLostBetweenThreadsAndProcessesOnOneKeyOrOnSeveral) {
+    constexpr int count = 80;
+    const auto same = incrementInAnotherProcess(key, count);
+    const auto other = incrementInAnotherProcess(QStringLiteral("Other"), count);
     std::vector<std::jthread> threads;
-    for (int i = 0; i < 4; ++i)
+    for (int i = 0; i < 2; ++i)
         threads.emplace_back([this] {
             UserDefaults own(m_path);
             for (int n = 0; n < 25; ++n) {
@@ -116,20 +113,11 @@ TEST_F(UserDefaultsTest, NoIncrementIsLostBetweenThreads) {
             }
         });
     threads.clear();
-    EXPECT_EQ(m_defaults.integerForKey(key), 200);
-}
-
-TEST_F(UserDefaultsTest, NoIncrementIsLostBetweenProcessesOnOneKeyOrOnSeveral) {
-    constexpr int count = 80;
-    const auto same = incrementInAnotherProcess(key, count);
-    const auto other = incrementInAnotherProcess(QStringLiteral("Other"), count);
-    for (int i = 0; i < count; ++i)
-        m_defaults.incrementIntegerForKey(key);
     for (QProcess* process : {same.get(), other.get()}) {
         ASSERT_TRUE(process->waitForFinished());
         ASSERT_EQ(process->exitCode(), 0);
     }
-    EXPECT_EQ(m_defaults.integerForKey(key), 2 * count);
+    EXPECT_EQ(m_defaults.integerForKey(key), 100 + count);
     EXPECT_EQ(m_defaults.integerForKey(QStringLiteral("Other")), count);
 }
 

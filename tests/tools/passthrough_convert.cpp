@@ -5,7 +5,7 @@
 #include "fakes/InMemoryServices.h"
 
 int main(int argc, char** argv) {
-    reelsmith::InMemoryServices::fresh().remoteConfig->setActivatedValues(
-        {{QStringLiteral("enable_passthrough_preset"), QStringLiteral("true")}});
+    reelsmith::InMemoryServices::fresh().remoteConfig->setState(
+        {.activated = {{QStringLiteral("enable_passthrough_preset"), QStringLiteral("true")}}});
     return reelsmith::runCommandLine(argc, argv);
 }
