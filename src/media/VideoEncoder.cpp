@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/VideoEncoder.h"
 
+#include "media/H264Level.h"
+
 #include <algorithm>
 #include <cmath>
 #include <string>
@@ -15,6 +17,9 @@ namespace reelsmith::media {
 namespace {
 
 constexpr int groupSeconds = 5;
+
+/// From this rate factor on a preset is one that shrinks its pictures.
+constexpr double shrunkRateFactor = 24;
 
 /// Pictures above this are many enough that a long lookahead costs more memory than a phone has.
 constexpr int fullLookaheadPixels = 1920 * 1088;
@@ -53,6 +58,12 @@ Result<std::unique_ptr<VideoEncoder>> VideoEncoder::open(const AVFrame& first, c
     context->framerate = av_d2q(rate, 100'000);
     context->gop_size = std::max(1, static_cast<int>(std::lround(rate * groupSeconds)));
     context->flags |= AV_CODEC_FLAG_GLOBAL_HEADER | AV_CODEC_FLAG_CLOSED_GOP;
+    const H264Level level = levelFor(first.width, first.height, rate);
+    context->level = level.number;
+    // Keeping watch over the rate costs a twentieth of the work, and shrunk pictures come near the level's
+    // only when they are made of noise.
+    if (settings.rules.rateFactor < shrunkRateFactor)
+        context->rc_max_rate = context->rc_buffer_size = level.maximumBitRate;
     av_opt_set(context->priv_data, "preset", "veryfast", 0);
     av_opt_set(context->priv_data, "profile", "high", 0);
     av_opt_set_double(context->priv_data, "crf", settings.rules.rateFactor, 0);

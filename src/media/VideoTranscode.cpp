@@ -13,12 +13,12 @@ namespace {
 constexpr std::size_t waitingPackets = 64;
 constexpr std::size_t waitingFrames = 4;
 
-/// Threads share a decoder's work at a price. Pictures up to HD leave some processors to the other stages,
-/// which run at the same time; more than four threads only cost memory.
+/// Threads share a decoder's work at a price. H.264 up to HD leaves some processors to the other stages,
+/// which run at the same time and have as much to do; more than four threads only cost memory.
 int decoderThreads(const Track& track) {
     const int processors = static_cast<int>(std::max(1U, std::thread::hardware_concurrency()));
-    const bool isLarge = track.width * track.height > 1920 * 1088;
-    return std::clamp(isLarge ? processors : processors / 2, 1, 4);
+    const bool isLight = track.codec == AV_CODEC_ID_H264 && track.width * track.height <= 1920 * 1088;
+    return std::clamp(isLight ? processors / 2 : processors, 1, 4);
 }
 
 /// From this much smaller a picture on, an unfiltered block edge here and there is out of sight.
