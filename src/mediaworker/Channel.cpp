@@ -15,6 +15,41 @@ namespace {
 
 constexpr std::size_t maximumDescriptors = 2;
 
+/// `Received` when there is something to receive by then.
+Channel::Status waitUntilReadable(int socket, Channel::Timeout timeout) {
+    using Timeout = Channel::Timeout;
+    pollfd waiting{socket, POLLIN, 0};
+    const auto deadline = std::chrono::steady_clock::now() + timeout;
+    for (;;) {
+        Timeout left = Channel::unlimited;
+        if (timeout >= Timeout::zero())
+            left = std::max(Timeout::zero(),
+                            std::chrono::ceil<Timeout>(deadline - std::chrono::steady_clock::now()));
+        const int ready = ::poll(&waiting, 1, static_cast<int>(left.count()));
+        if (ready == 0)
+            return Channel::Status::TimedOut;
+        if (ready > 0)
+            return Channel::Status::Received;
+        if (errno != EINTR)
+            return Channel::Status::Closed;
+    }
+}
+
+std::vector<Descriptor> takeDescriptors(msghdr& header) {
+    std::vector<Descriptor> descriptors;
+    for (cmsghdr* item = CMSG_FIRSTHDR(&header); item; item = CMSG_NXTHDR(&header, item)) {
+        if (item->cmsg_level != SOL_SOCKET || item->cmsg_type != SCM_RIGHTS)
+            continue;
+        const std::size_t count = (item->cmsg_len - CMSG_LEN(0)) / sizeof(int);
+        for (std::size_t i = 0; i < count; ++i) {
+            int number = -1;
+            std::memcpy(&number, CMSG_DATA(item) + i * sizeof(int), sizeof(int));
+            descriptors.emplace_back(number);
+        }
+    }
+    return descriptors;
+}
+
 } // namespace
 
 Descriptor& Descriptor::operator=(Descriptor&& other) noexcept {
@@ -59,21 +94,8 @@ bool Channel::send(const Message& message, const std::vector<int>& descriptors) 
 }
 
 Channel::Status Channel::receive(Letter& letter, Timeout timeout) {
-    pollfd waiting{m_socket.number(), POLLIN, 0};
-    const auto deadline = std::chrono::steady_clock::now() + timeout;
-    for (;;) {
-        Timeout left = unlimited;
-        if (timeout >= Timeout::zero())
-            left = std::max(Timeout::zero(),
-                            std::chrono::ceil<Timeout>(deadline - std::chrono::steady_clock::now()));
-        const int ready = ::poll(&waiting, 1, static_cast<int>(left.count()));
-        if (ready == 0)
-            return Status::TimedOut;
-        if (ready > 0)
-            break;
-        if (errno != EINTR)
-            return Status::Closed;
-    }
+    if (const Status status = waitUntilReadable(m_socket.number(), timeout); status != Status::Received)
+        return status;
 
     std::array<std::byte, maximumMessageBytes + 1> bytes;
     iovec part{bytes.data(), bytes.size()};
@@ -90,17 +112,7 @@ Channel::Status Channel::receive(Letter& letter, Timeout timeout) {
     if (size <= 0)
         return Status::Closed;
 
-    letter.descriptors.clear();
-    for (cmsghdr* item = CMSG_FIRSTHDR(&header); item; item = CMSG_NXTHDR(&header, item)) {
-        if (item->cmsg_level != SOL_SOCKET || item->cmsg_type != SCM_RIGHTS)
-            continue;
-        const std::size_t count = (item->cmsg_len - CMSG_LEN(0)) / sizeof(int);
-        for (std::size_t i = 0; i < count; ++i) {
-            int number = -1;
-            std::memcpy(&number, CMSG_DATA(item) + i * sizeof(int), sizeof(int));
-            letter.descriptors.emplace_back(number);
-        }
-    }
+    letter.descriptors = takeDescriptors(header);
     auto message = decode(bytes.data(), static_cast<std::size_t>(size));
     if (!message || (header.msg_flags & (MSG_TRUNC | MSG_CTRUNC)))
         return Status::Closed;
