@@ -27,7 +27,8 @@ FrameClock::FrameClock(const Settings& settings)
       m_zero(std::llround(settings.zeroSeconds * m_timeBase.den)),
       m_usualDuration(std::max<std::int64_t>(1, std::llround(m_timeBase.den / settings.frameRate))),
       m_leastStep(
-          static_cast<std::int64_t>(std::ceil(leastShareOfStep * m_timeBase.den / settings.peakRate))) {}
+          static_cast<std::int64_t>(std::ceil(leastShareOfStep * m_timeBase.den / settings.peakRate))),
+      m_lastDuration(std::llround(settings.lastSeconds * m_timeBase.den)) {}
 
 std::int64_t FrameClock::timeOf(const AVFrame& frame) const {
     if (m_settings.hasTimes && frame.best_effort_timestamp != AV_NOPTS_VALUE)
@@ -37,7 +38,8 @@ std::int64_t FrameClock::timeOf(const AVFrame& frame) const {
 
 bool FrameClock::stamp(AVFrame& frame) {
     std::int64_t duration = m_usualDuration;
-    if (m_settings.hasTimes && frame.pkt_duration > 0)
+    const bool saysDuration = m_settings.hasTimes && frame.pkt_duration > 0;
+    if (saysDuration)
         duration = std::max<std::int64_t>(
             1, av_rescale_q(frame.pkt_duration, m_settings.sourceTimeBase, m_timeBase));
     std::int64_t time = timeOf(frame);
@@ -50,6 +52,7 @@ bool FrameClock::stamp(AVFrame& frame) {
         return false;
     m_last = time;
     m_end = time + duration;
+    m_isEndGuessed = !saysDuration;
     frame.pts = time;
     frame.pkt_duration = duration;
     return true;

@@ -17,6 +17,7 @@ public:
         double frameRate = 25;  ///< expected, for pictures that do not say when or how long
         double peakRate = 30;   ///< frames a second
         bool hasTimes = true;   ///< false: pictures come evenly at frameRate, whatever they say
+        double lastSeconds = 0; ///< how long the last picture is on if it does not say; 0: as the others
     };
 
     explicit FrameClock(const Settings& settings);
@@ -31,7 +32,9 @@ public:
     bool keep(const AVFrame& frame);
 
     /// When the last stamped frame, kept or not, stops being shown.
-    std::int64_t end() const { return m_end; }
+    std::int64_t end() const {
+        return m_isEndGuessed && m_lastDuration > 0 ? m_last + m_lastDuration : m_end;
+    }
 
 private:
     std::int64_t timeOf(const AVFrame& frame) const;
@@ -41,9 +44,11 @@ private:
     std::int64_t m_zero;
     std::int64_t m_usualDuration;
     std::int64_t m_leastStep;
+    std::int64_t m_lastDuration;
     std::int64_t m_last = INT64_MIN;
     std::int64_t m_lastKept = INT64_MIN;
     std::int64_t m_end = 0;
+    bool m_isEndGuessed = false;
 };
 
 } // namespace reelsmith::media

@@ -37,6 +37,9 @@ struct Track {
     std::int64_t bitRate = 0;   ///< bits a second; 0 when unknown
     double startSeconds = 0;    ///< of the first sample shown, on the container's clock
     double durationSeconds = 0; ///< 0 when unknown
+    /// How long the last sample lasts by the container's index, 0 when that does not say: packets may not say
+    /// it either.
+    double lastSampleSeconds = 0;
 
     // Video
     int width = 0; ///< in pixels, as stored

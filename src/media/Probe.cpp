@@ -65,6 +65,16 @@ bool hasSimpleEdits(AVStream* stream) {
     return true;
 }
 
+/// What is left of the track's duration when the last sample of a whole index begins.
+double lastSampleSeconds(AVStream* stream) {
+    const int count = avformat_index_get_entries_count(stream);
+    if (count == 0 || count != stream->nb_frames || stream->duration <= 0)
+        return 0;
+    const std::int64_t first = avformat_index_get_entry(stream, 0)->timestamp;
+    const std::int64_t last = avformat_index_get_entry(stream, count - 1)->timestamp;
+    return std::max(0.0, static_cast<double>(first + stream->duration - last) * av_q2d(stream->time_base));
+}
+
 /// Dolby Vision's profile 7 has an HDR10 base whatever its compatibility field says; else 0 there means
 /// "none".
 bool hasForeignBaseLayer(const AVStream* stream) {
@@ -118,6 +128,7 @@ Track describe(AVFormatContext* context, AVStream* stream) {
         track.startSeconds = static_cast<double>(stream->start_time) * av_q2d(stream->time_base);
     if (stream->duration > 0)
         track.durationSeconds = static_cast<double>(stream->duration) * av_q2d(stream->time_base);
+    track.lastSampleSeconds = lastSampleSeconds(stream);
     if (track.kind == TrackKind::Video)
         describeVideo(track, context, stream);
     if (track.kind == TrackKind::Audio) {

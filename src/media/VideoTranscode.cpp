@@ -60,8 +60,8 @@ Result<std::unique_ptr<VideoTranscode>> VideoTranscode::make(const Source& sourc
     auto decoder = Decoder::open(source.track(track.index), options);
     if (!decoder)
         return tl::unexpected(decoder.error());
-    const FrameClock::Settings clock{track.timeBase, plan.zeroSeconds, usableFrameRate(track),
-                                     plan.video.peakRate, info.hasClock};
+    const FrameClock::Settings clock{track.timeBase,      plan.zeroSeconds, usableFrameRate(track),
+                                     plan.video.peakRate, info.hasClock,    track.lastSampleSeconds};
     std::unique_ptr<VideoTranscode> made(new VideoTranscode(plan, clock, context));
     made->m_decoder = std::move(*decoder);
     made->m_durationSeconds = info.durationSeconds();

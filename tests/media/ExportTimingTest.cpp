@@ -88,6 +88,12 @@ TEST_F(ExportTiming, TheLastPictureKeepsItsLength) {
         const Movie movie = convert(longLast, preset);
         EXPECT_NEAR(movie.duration, 2.96, 0.002);
     }
+    // Also where only the index says it, for pictures that come out of order.
+    const std::string ordered =
+        make("ordered.mp4", clockPictures(25, 1.04) + encoder +
+                                "-bf 1 -b_strategy 0 -bsf:v "
+                                "setts=pts=PTS:dts=DTS:duration='if(eq(N\\,25)\\,180000\\,3600)'");
+    EXPECT_NEAR(convert(ordered).duration, 3, 0.002);
     // Also where the last picture of the source is one that the cap drops.
     const std::string fast =
         make("fast.mp4",
