@@ -60,11 +60,13 @@ void expectNear(const std::vector<double>& found, const std::vector<double>& exp
         EXPECT_NEAR(found[i], expected[i], 1e-4) << i;
 }
 
+using Runs = std::vector<std::pair<int, int>>;
+
 /// Places pieces of 10 ms that begin at these times (in milliseconds), each filled with its number from 1 on,
-/// and yields what comes out, one number for each millisecond.
-std::vector<int> placed(const std::vector<int>& starts, double zeroSeconds = 0) {
+/// and yields what comes out: which number for how many milliseconds, 0 being silence.
+Runs placed(const std::vector<int>& starts, double zeroSeconds = 0) {
     SoundPlacer placer({1, 1000}, zeroSeconds);
-    std::vector<int> heard;
+    Runs heard;
     int number = 0;
     for (const int start : starts) {
         FrameHandle frame = makeFrame();
@@ -79,20 +81,16 @@ std::vector<int> placed(const std::vector<int>& starts, double zeroSeconds = 0) 
         const auto take = [&heard](const AVFrame& piece) -> Result<void> {
             const auto* values = reinterpret_cast<const std::int16_t*>(piece.data[0]);
             EXPECT_EQ(piece.nb_samples % 8, 0);
-            for (int i = 0; i < piece.nb_samples; i += 8)
-                heard.push_back(values[2 * i]);
+            for (int i = 0; i < piece.nb_samples; i += 8) {
+                if (heard.empty() || heard.back().first != values[2 * i])
+                    heard.emplace_back(values[2 * i], 0);
+                ++heard.back().second;
+            }
             return {};
         };
         EXPECT_TRUE(placer.place(std::move(frame), take));
     }
     return heard;
-}
-
-std::vector<int> runs(const std::vector<std::pair<int, int>>& valuesAndLengths) {
-    std::vector<int> all;
-    for (const auto& [value, length] : valuesAndLengths)
-        all.insert(all.end(), static_cast<std::size_t>(length), value);
-    return all;
 }
 
 } // namespace
@@ -130,13 +128,13 @@ TEST(PacketClock, AJumpOfTheClockIsTakenBack) {
 }
 
 TEST(SoundPlacer, MakesOneRunOfPieces) {
-    EXPECT_EQ(placed({0, 10, 20}), runs({{1, 10}, {2, 10}, {3, 10}}));
-    EXPECT_EQ(placed({5, 15}), runs({{0, 5}, {1, 10}, {2, 10}})) << "begins late";
-    EXPECT_EQ(placed({2004, 2014}, 2), runs({{0, 4}, {1, 10}, {2, 10}})) << "zero elsewhere";
-    EXPECT_EQ(placed({-25, -15, -5, 5}), runs({{3, 5}, {4, 10}})) << "begins before zero";
-    EXPECT_EQ(placed({0, 60, 70}), runs({{1, 10}, {0, 50}, {2, 10}, {3, 10}})) << "hole";
-    EXPECT_EQ(placed({0, 100, 10, 60, 105, 115}), runs({{1, 10}, {0, 90}, {2, 10}, {5, 10}, {6, 10}}))
+    EXPECT_EQ(placed({0, 10, 20}), (Runs{{1, 10}, {2, 10}, {3, 10}}));
+    EXPECT_EQ(placed({5, 15}), (Runs{{0, 5}, {1, 10}, {2, 10}})) << "begins late";
+    EXPECT_EQ(placed({2004, 2014}, 2), (Runs{{0, 4}, {1, 10}, {2, 10}})) << "zero elsewhere";
+    EXPECT_EQ(placed({-25, -15, -5, 5}), (Runs{{3, 5}, {4, 10}})) << "begins before zero";
+    EXPECT_EQ(placed({0, 60, 70}), (Runs{{1, 10}, {0, 50}, {2, 10}, {3, 10}})) << "hole";
+    EXPECT_EQ(placed({0, 100, 10, 60, 105, 115}), (Runs{{1, 10}, {0, 90}, {2, 10}, {5, 10}, {6, 10}}))
         << "overlap";
     // Containers round: what is off by little is neither filled nor cut.
-    EXPECT_EQ(placed({0, 12, 18, 33}), runs({{1, 10}, {2, 10}, {3, 10}, {4, 10}}));
+    EXPECT_EQ(placed({0, 12, 18, 33}), (Runs{{1, 10}, {2, 10}, {3, 10}, {4, 10}}));
 }

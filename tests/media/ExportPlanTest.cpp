@@ -25,7 +25,7 @@ Track videoTrack(int width = 1920, int height = 1080) {
     return track;
 }
 
-Track soundTrack(const std::string& language = {}) {
+Track soundTrack(const std::string& language = {}, bool isDefault = false) {
     Track track;
     track.kind = TrackKind::Audio;
     track.codec = AV_CODEC_ID_AAC;
@@ -35,6 +35,7 @@ Track soundTrack(const std::string& language = {}) {
     track.sampleRate = 48'000;
     track.bitRate = 128'000;
     track.language = language;
+    track.isDefault = isDefault;
     return track;
 }
 
@@ -70,118 +71,101 @@ constexpr auto passthrough = Preset::Passthrough;
 
 TEST(ExportPlan, SizesAreBoundedAndKeepTheirShape) {
     struct {
-        Size stored;
-        AVRational aspect;
+        int width, height;
+        int aspect, toAspect;
         Preset preset;
-        Size expected;
+        int resultWidth, resultHeight;
     } const cases[] = {
-        {{1920, 1080}, {1, 1}, low, {640, 360}},
-        {{1920, 1080}, {1, 1}, medium, {1280, 720}},
-        {{1080, 1920}, {1, 1}, low, {360, 640}},
-        {{1920, 1080}, {1, 1}, highest, {1920, 1080}},
-        {{854, 480}, {1, 1}, low, {640, 360}},
-        {{3840, 2160}, {1, 1}, highest, {3840, 2160}},
-        {{160, 120}, {1, 1}, low, {160, 120}},
-        {{7680, 4320}, {1, 1}, highest, {3840, 2160}},
-        {{1440, 1080}, {4, 3}, highest, {1920, 1080}},
-        {{7680, 2160}, {1, 1}, highest, {5792, 1630}},
-        {{720, 480}, {8, 9}, medium, {640, 480}},
-        {{60'000, 1000}, {1, 1}, low, {8192, 136}},
-        {{1, 1}, {1, 1}, low, {2, 2}},
-        {{1920, 1080}, {15, 1}, medium, {8192, 308}},
+        {854, 480, 1, 1, low, 640, 360},      {1920, 1080, 1, 1, medium, 1280, 720},
+        {1920, 1080, 1, 1, low, 640, 360},    {1920, 1080, 1, 1, highest, 1920, 1080},
+        {1080, 1920, 1, 1, low, 360, 640},    {3840, 2160, 1, 1, highest, 3840, 2160},
+        {160, 120, 1, 1, low, 160, 120},      {7680, 4320, 1, 1, highest, 3840, 2160},
+        {720, 480, 8, 9, medium, 640, 480},   {1440, 1080, 4, 3, highest, 1920, 1080},
+        {60'000, 1000, 1, 1, low, 8192, 136}, {7680, 2160, 1, 1, highest, 5792, 1630},
+        {1, 1, 1, 1, highest, 2, 2},          {1920, 1080, 15, 1, medium, 8192, 308},
     };
     for (const auto& each : cases) {
-        Track track = videoTrack(each.stored.width, each.stored.height);
-        track.pixelAspect = each.aspect;
+        Track track = videoTrack(each.width, each.height);
+        track.pixelAspect = {each.aspect, each.toAspect};
         const Size size = planOf(fileOf({track}), each.preset).video.size();
-        EXPECT_EQ(size, each.expected) << each.stored.width << "x" << each.stored.height << " became "
-                                       << size.width << "x" << size.height;
+        EXPECT_EQ(size, (Size{each.resultWidth, each.resultHeight}))
+            << &each - cases << ": " << size.width << "x" << size.height;
+        track.displayMatrix = {0, 65536, 0, -65536, 0, 0, 0, 0, 1 << 30};
+        EXPECT_EQ(planOf(fileOf({track}), each.preset).video.size(), size.turned());
     }
-    const Track turned = changed(
-        videoTrack(), [](Track& track) { track.displayMatrix = {0, 65536, 0, -65536, 0, 0, 0, 0, 1 << 30}; });
-    EXPECT_EQ(planOf(fileOf({turned}), low).video.size(), (Size{360, 640}));
 }
 
 TEST(ExportPlan, TheFirstTrackWithAPictureIsShownWhateverItsMarks) {
-    const Change cover = [](Track& track) { track.isCoverArt = true; };
-    const Change empty = [](Track& track) { track.hasSamples = false; };
-    const Change unknown = [](Track& track) { track.hasDecoder = false; };
-    const Change flat = [](Track& track) { track.height = 0; };
-    const Track good = videoTrack(640, 480);
-    const Track better = changed(videoTrack(3840, 2160), [](Track& track) { track.isDefault = true; });
-    for (const Change& change : {cover, empty, unknown, flat})
-        EXPECT_EQ(
-            planOf(fileOf({changed(videoTrack(), change), soundTrack(), good, better}), low).video.track, 2);
-
     struct {
         Change change;
-        ErrorCode expected;
-    } const refused[] = {
-        {cover, ErrorCode::InvalidSource},
-        {empty, ErrorCode::InvalidSource},
-        {unknown, ErrorCode::Unsupported},
-        {[](Track& track) { track.isEncrypted = true; }, ErrorCode::Encrypted},
-        {[](Track& track) { track.hasForeignBaseLayer = true; }, ErrorCode::Unsupported},
-        {[](Track& track) { track.width = 70'000; }, ErrorCode::Unsupported},
+        ErrorCode alone;
+        bool isPassedOver;
+    } const cases[] = {
+        {[](Track& track) { track.isCoverArt = true; }, ErrorCode::InvalidSource, true},
+        {[](Track& track) { track.hasSamples = false; }, ErrorCode::InvalidSource, true},
+        {[](Track& track) { track.hasDecoder = false; }, ErrorCode::Unsupported, true},
+        {[](Track& track) { track.height = 0; }, ErrorCode::InvalidSource, true},
+        {[](Track& track) { track.isEncrypted = true; }, ErrorCode::Encrypted, false},
+        {[](Track& track) { track.hasForeignBaseLayer = true; }, ErrorCode::Unsupported, false},
+        {[](Track& track) { track.width = 70'000; }, ErrorCode::Unsupported, false},
     };
-    for (const auto& each : refused) {
-        const auto plan = planExport(fileOf({changed(videoTrack(), each.change), soundTrack()}), low, {});
-        ASSERT_FALSE(plan);
-        EXPECT_EQ(plan.error().code, each.expected) << plan.error().text;
+    const Track better = changed(videoTrack(3840, 2160), [](Track& track) { track.isDefault = true; });
+    for (const auto& each : cases) {
+        SCOPED_TRACE(&each - cases);
+        const Track bad = changed(videoTrack(), each.change);
+        const auto alone = planExport(fileOf({bad, soundTrack()}), low, {});
+        ASSERT_FALSE(alone);
+        EXPECT_EQ(alone.error().code, each.alone) << alone.error().text;
+        const auto among = planExport(fileOf({bad, soundTrack(), videoTrack(640, 480), better}), low, {});
+        EXPECT_EQ(among ? among->video.track : 0, each.isPassedOver ? 2 : 0);
     }
 }
 
 TEST(ExportPlan, OneSoundTrackIsChosenByLanguageMarkOrPlace) {
-    const auto marked = [](Track track) {
-        track.isDefault = true;
-        return track;
-    };
     const Track mute = changed(soundTrack("fra"), [](Track& track) { track.hasDecoder = false; });
     struct {
         std::vector<Track> sounds;
         std::vector<std::string> languages;
-        int expected; ///< 0 is the picture
+        std::vector<int> expected; ///< 0 is the picture
+        Preset preset = medium;
     } const cases[] = {
-        {{soundTrack("deu"), soundTrack("fra")}, {"fra"}, 2},
-        {{soundTrack("deu"), soundTrack("fra-ca")}, {"fra"}, 2},
-        {{marked(soundTrack("deu")), soundTrack("fra"), soundTrack("eng")}, {"eng", "fra"}, 3},
-        {{soundTrack("deu"), marked(soundTrack("fra"))}, {"eng"}, 2},
-        {{marked(soundTrack()), soundTrack("fra")}, {"fra"}, 1},
-        {{soundTrack(), soundTrack()}, {"fra"}, 1},
-        {{soundTrack("deu"), mute, soundTrack("eng")}, {"fra"}, 1},
+        {{soundTrack("deu"), soundTrack("fra")}, {"fra"}, {2}},
+        {{soundTrack("deu"), soundTrack("fra-ca")}, {"fra"}, {2}},
+        {{soundTrack("deu", true), soundTrack("fra"), soundTrack("eng")}, {"eng", "fra"}, {3}},
+        {{soundTrack("deu"), soundTrack("fra", true)}, {"eng"}, {2}},
+        {{soundTrack("", true), soundTrack("fra")}, {"fra"}, {1}},
+        {{soundTrack(), soundTrack()}, {"fra"}, {1}},
+        {{soundTrack("deu"), mute, soundTrack("eng")}, {"fra"}, {1}},
+        {{mute}, {}, {}},
+        {{soundTrack(), mute, soundTrack()}, {}, {1, 3}, passthrough},
     };
     for (const auto& each : cases) {
         std::vector<Track> tracks{videoTrack()};
         tracks.insert(tracks.end(), each.sounds.begin(), each.sounds.end());
-        const ExportPlan plan = planOf(fileOf(tracks), medium, each.languages);
-        ASSERT_EQ(plan.sounds.size(), 1U);
-        EXPECT_EQ(plan.sounds[0].track, each.expected);
+        std::vector<int> chosen;
+        for (const AudioPlan& sound : planOf(fileOf(tracks), each.preset, each.languages).sounds)
+            chosen.push_back(sound.track);
+        EXPECT_EQ(chosen, each.expected) << &each - cases;
     }
-    EXPECT_EQ(planOf(fileOf({videoTrack(), soundTrack(), mute, soundTrack()}), passthrough).sounds.size(),
-              2U);
-    EXPECT_TRUE(planOf(fileOf({videoTrack(), mute}), medium).sounds.empty());
 }
 
 TEST(ExportPlan, SoundIsCopiedOnlyWhereEveryPlayerTakesIt) {
+    const char* const mp4 = "mov,mp4";
+    const char* const mkv = "matroska,webm";
+    constexpr auto aac = AV_CODEC_ID_AAC;
+    constexpr auto pcm = AV_CODEC_ID_PCM_S16LE;
     struct {
-        std::string container;
+        const char* container;
         Preset preset;
         AVCodecID codec;
-        int profile;
-        int channels;
-        int kilobits;
+        int profile, channels, kilobits;
         bool isCopied;
     } const cases[] = {
-        {"mov,mp4", medium, AV_CODEC_ID_AAC, 1, 2, 160, true},
-        {"mov,mp4", medium, AV_CODEC_ID_AAC, 1, 2, 161, false},
-        {"mov,mp4", low, AV_CODEC_ID_AAC, 1, 1, 80, true},
-        {"mov,mp4", low, AV_CODEC_ID_AAC, 1, 1, 81, false},
-        {"mov,mp4", highest, AV_CODEC_ID_AAC, 1, 6, 160, false},
-        {"mov,mp4", highest, AV_CODEC_ID_AAC, 4, 2, 96, false},
-        {"mov,mp4", highest, AV_CODEC_ID_AAC, 1, 2, 0, false},
-        {"matroska,webm", highest, AV_CODEC_ID_AAC, 1, 2, 96, false},
-        {"matroska,webm", passthrough, AV_CODEC_ID_AAC, 4, 6, 600, true},
-        {"mov,mp4", passthrough, AV_CODEC_ID_PCM_S16LE, -99, 2, 1536, false},
+        {mp4, medium, aac, 1, 2, 160, true},  {mp4, medium, aac, 1, 2, 161, false},
+        {mp4, low, aac, 1, 1, 80, true},      {mp4, highest, aac, 1, 6, 160, false},
+        {mp4, low, aac, 1, 1, 81, false},     {mp4, highest, aac, 4, 2, 96, false},
+        {mp4, highest, aac, 1, 2, 0, false},  {mkv, passthrough, aac, 4, 6, 600, true},
+        {mkv, highest, aac, 1, 2, 96, false}, {mp4, passthrough, pcm, 1, 2, 1536, false},
     };
     for (const auto& each : cases) {
         Track sound = soundTrack();
@@ -196,19 +180,15 @@ TEST(ExportPlan, SoundIsCopiedOnlyWhereEveryPlayerTakesIt) {
     EXPECT_EQ(planOf(fileOf({videoTrack(), edited}), passthrough).sounds[0].treatment, Treatment::Encode);
 }
 
-TEST(ExportPlan, TheEarliestOfPictureAndSoundIsZero) {
-    const auto at = [](Track track, double seconds) {
-        track.startSeconds = seconds;
-        return track;
-    };
-    EXPECT_DOUBLE_EQ(planOf(fileOf({at(videoTrack(), 2), at(soundTrack(), 1.5)}), low).zeroSeconds, 1.5);
-    EXPECT_DOUBLE_EQ(planOf(fileOf({at(videoTrack(), 1), at(soundTrack(), 1.5)}), low).zeroSeconds, 1);
-    EXPECT_DOUBLE_EQ(planOf(fileOf({at(videoTrack(), 1), at(soundTrack(), -0.02)}), low).zeroSeconds, 0);
-    // What is left out does not count.
-    EXPECT_DOUBLE_EQ(planOf(fileOf({at(videoTrack(), 2), at(soundTrack("deu"), 2), at(soundTrack("fra"), 1)}),
-                            low, {"deu"})
-                         .zeroSeconds,
-                     2);
+TEST(ExportPlan, TheEarliestOfPictureAndKeptSoundIsZero) {
+    const double cases[][4] = {{2, 1.5, 1, 1.5}, {1, 1.5, 2, 1}, {1, -0.02, 1, 0}, {2, 2, 1, 2}};
+    for (const auto& [picture, kept, left, expected] : cases) {
+        MediaInfo info = fileOf({videoTrack(), soundTrack("deu"), soundTrack("fra")});
+        info.tracks[0].startSeconds = picture;
+        info.tracks[1].startSeconds = kept;
+        info.tracks[2].startSeconds = left;
+        EXPECT_DOUBLE_EQ(planOf(info, low, {"deu"}).zeroSeconds, expected);
+    }
 }
 
 TEST(ColourPlan, SaysWhatIsMeantAndWhatBecomesOfIt) {
@@ -216,18 +196,19 @@ TEST(ColourPlan, SaysWhatIsMeantAndWhatBecomesOfIt) {
         int height;
         AVColorSpace matrix;
         AVColorTransferCharacteristic transfer;
-        AVColorSpace meant;
-        AVColorSpace result;
+        AVColorSpace meant, result;
+        bool needsToneMapping = false;
     } const cases[] = {
         {1080, AVCOL_SPC_UNSPECIFIED, AVCOL_TRC_UNSPECIFIED, AVCOL_SPC_BT709, AVCOL_SPC_BT709},
         {576, AVCOL_SPC_UNSPECIFIED, AVCOL_TRC_UNSPECIFIED, AVCOL_SPC_BT470BG, AVCOL_SPC_BT470BG},
         {480, AVCOL_SPC_UNSPECIFIED, AVCOL_TRC_BT709, AVCOL_SPC_SMPTE170M, AVCOL_SPC_SMPTE170M},
         {1080, AVCOL_SPC_SMPTE170M, AVCOL_TRC_UNSPECIFIED, AVCOL_SPC_SMPTE170M, AVCOL_SPC_SMPTE170M},
-        {240, AVCOL_SPC_UNSPECIFIED, AVCOL_TRC_SMPTE2084, AVCOL_SPC_BT2020_NCL, AVCOL_SPC_BT709},
-        {240, AVCOL_SPC_UNSPECIFIED, AVCOL_TRC_ARIB_STD_B67, AVCOL_SPC_BT2020_NCL, AVCOL_SPC_BT709},
+        {240, AVCOL_SPC_UNSPECIFIED, AVCOL_TRC_SMPTE2084, AVCOL_SPC_BT2020_NCL, AVCOL_SPC_BT709, true},
+        {240, AVCOL_SPC_UNSPECIFIED, AVCOL_TRC_ARIB_STD_B67, AVCOL_SPC_BT2020_NCL, AVCOL_SPC_BT709, true},
         {1080, AVCOL_SPC_BT2020_NCL, AVCOL_TRC_BT2020_10, AVCOL_SPC_BT2020_NCL, AVCOL_SPC_BT709},
     };
     for (const auto& each : cases) {
+        SCOPED_TRACE(&each - cases);
         const FrameHandle frame = makeFrame();
         frame->format = AV_PIX_FMT_YUV420P;
         frame->width = 640;
@@ -235,10 +216,9 @@ TEST(ColourPlan, SaysWhatIsMeantAndWhatBecomesOfIt) {
         frame->colorspace = each.matrix;
         frame->color_trc = each.transfer;
         const ColourPlan plan = planColour(*frame);
-        EXPECT_EQ(plan.source.matrix, each.meant) << &each - cases;
-        EXPECT_EQ(plan.result.matrix, each.result) << &each - cases;
-        EXPECT_EQ(plan.needsToneMapping,
-                  each.transfer == AVCOL_TRC_SMPTE2084 || each.transfer == AVCOL_TRC_ARIB_STD_B67);
+        EXPECT_EQ(plan.source.matrix, each.meant);
+        EXPECT_EQ(plan.result.matrix, each.result);
+        EXPECT_EQ(plan.needsToneMapping, each.needsToneMapping);
         EXPECT_EQ(plan.result.range, AVCOL_RANGE_MPEG);
     }
 }

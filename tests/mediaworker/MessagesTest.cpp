@@ -45,22 +45,20 @@ TEST(Messages, EveryKindArrivesAsItWasSentAndOnlyWhole) {
 }
 
 TEST(Messages, ValuesOutOfRangeAreNoMessage) {
-    AssetProperties negativeSize;
-    negativeSize.estimatedBytes[2] = -1;
+    const auto properties = [](Time duration, double width = 1, std::int64_t bytes = 1) {
+        const VideoTrackProperties track{width, 1, {1, 0, 0, 1}};
+        return AssetProperties{true, true, duration, track, {1, 2, bytes, 3}, ""};
+    };
+    ASSERT_TRUE(decoded(encode(properties({}))));
     const Message cases[] = {
         ThumbnailRequest{{}, 0, 500},
         ThumbnailRequest{{}, 500, -1},
         ThumbnailRequest{{0, -1}, 500, 500},
         ExportRequest{static_cast<Preset>(reelsmith::media::presetCount), {}},
-        AssetProperties{true, true, {-1, 600}, {}, {}, ""},
-        AssetProperties{true, true, {1, -600}, {}, {}, ""},
-        AssetProperties{true,
-                        true,
-                        {},
-                        VideoTrackProperties{std::numeric_limits<double>::infinity(), 1, {1, 0, 0, 1}},
-                        {},
-                        ""},
-        negativeSize,
+        properties({-1, 600}),
+        properties({1, -600}),
+        properties({}, std::numeric_limits<double>::infinity()),
+        properties({}, 1, -1),
         ThumbnailReply{-1, 1, ""},
         ExportProgress{-0.01},
         ExportProgress{1.01},
