@@ -29,26 +29,20 @@ TEST_F(CommandLine, OptionsAndSourcesMayStandInAnyOrder) {
 }
 
 TEST_F(CommandLine, WrongUsageIsRecognised) {
-    for (const Words& words : {
-             Words{"convert"},
-             Words{"convert", "-q", "best", "a"},
-             Words{"convert", "a", "-q"},
-             Words{"convert", "a", "-n"},
-             Words{"convert", "a", "--name="},
-             Words{"convert", "a", "b", "-n", "x"},
-             Words{"convert", "a", "--fast"},
-             Words{"convert", ""},
-             Words{"convert", "HTTPS://host/a.mp4"},
-             Words{"convert", "dir/a.mov", "a.b.avi"},
-             Words{"convert", "a", "./x/../a"},
-             Words{"list", "a"},
-             Words{"list", "-q", "low"},
-             Words{"--fast"},
-         })
-        EXPECT_FALSE(Arguments::parse(words)) << testing::PrintToString(words);
+    const auto parse = [](const QString& line) {
+        Words words;
+        for (const QString& word : line.split(u' '))
+            words.push_back(word.toStdString());
+        return Arguments::parse(words);
+    };
+    for (const char* line : {"convert", "convert -q best a", "convert a -q", "convert a -n",
+                             "convert a --name=", "convert a b -n x", "convert a --fast", "convert ",
+                             "convert HTTPS://host/a.mp4", "convert dir/a.mov a.b.avi", "convert a ./x/../a",
+                             "list a", "list -q low", "--fast"})
+        EXPECT_FALSE(parse(line)) << line;
     EXPECT_EQ(Arguments::parse({})->command, Arguments::Command::Window);
-    EXPECT_EQ(Arguments::parse({"clip.mov"})->command, Arguments::Command::Window);
-    EXPECT_EQ(Arguments::parse({"convert", "-h"})->command, Arguments::Command::Help);
+    EXPECT_EQ(parse(u"clip.mov"_s)->command, Arguments::Command::Window);
+    EXPECT_EQ(parse(u"convert -h"_s)->command, Arguments::Command::Help);
 }
 
 TEST(ProgressLine, ShowsWhatIsLeftAtThePaceSoFar) {

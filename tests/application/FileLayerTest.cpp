@@ -6,8 +6,6 @@
 #include "platform/foundation/SecurityScopedAccess.h"
 #include "platform/foundation/URLs.h"
 
-#include <sys/stat.h>
-
 using namespace reelsmith;
 using namespace Qt::StringLiterals;
 
@@ -28,27 +26,22 @@ TEST(URLs, AnyFileNameSurvivesTheWayToAUrlAndBack) {
     EXPECT_EQ(fileUrl("/a/h\xc3\xa9 b%.mp4"), QUrl::fromLocalFile(u"/a/hé b%.mp4"_s));
 }
 
-TEST(URLs, PathsAreWorkedOutByNameAlone) {
-    EXPECT_EQ(filePath(QUrl(u"file:///a/./b/../c//d/"_s)), "/a/c/d");
-    EXPECT_EQ(filePath(QUrl(u"file:///.."_s)), "/");
-    EXPECT_EQ(filePath(QUrl(u"file:///a%00b"_s)), "");
-    EXPECT_EQ(filePath(QUrl(u"https://host/a"_s)), "");
-    EXPECT_EQ(filePath(QUrl()), "");
-}
-
-TEST(URLs, ComponentsAreTakenAsTheyAre) {
+TEST(URLs, PathsAndComponentsAreWorkedOutByNameAlone) {
     const QUrl folder(u"file:///a%20b"_s);
-    EXPECT_EQ(filePath(appendingPathComponent(folder, u"50%25 ?#é.mp4"_s)), "/a b/50%25 ?#\xc3\xa9.mp4");
-    EXPECT_EQ(filePath(appendingPathComponent(folder, u"../../x"_s)), "/x");
-    EXPECT_EQ(filePath(appendingPathComponent(folder, u"x"_s + QChar(0))), "");
+    const std::pair<QUrl, std::filesystem::path> cases[] = {
+        {QUrl(u"file:///a/./b/../c//d/"_s), "/a/c/d"},
+        {QUrl(u"file:///.."_s), "/"},
+        {QUrl(u"file:///a%00b"_s), ""},
+        {QUrl(u"https://host/a"_s), ""},
+        {QUrl(), ""},
+        {appendingPathComponent(folder, u"50%25 ?#é.mp4"_s), "/a b/50%25 ?#\xc3\xa9.mp4"},
+        {appendingPathComponent(folder, u"../../x"_s), "/x"},
+        {appendingPathComponent(folder, u"x"_s + QChar(0)), ""},
+    };
+    for (const auto& [url, path] : cases)
+        EXPECT_EQ(filePath(url), path);
     EXPECT_EQ(pathComponents(QUrl(u"file:///a%20b/c.mp4"_s)), (QStringList{u"/"_s, u"a b"_s, u"c.mp4"_s}));
     EXPECT_EQ(pathComponents(QUrl(u"https://host"_s)), QStringList());
-}
-
-TEST_F(FileLayer, TheDocumentsFolderIsMadeWhereItIsMissing) {
-    std::filesystem::remove_all(filePath(documentsFolder()));
-    EXPECT_TRUE(std::filesystem::is_directory(filePath(documentsFolder())));
-    EXPECT_EQ(filePath(documentsFolder()).filename(), "Reelsmith");
 }
 
 TEST(DocumentsFolderDeathTest, NoPlaceForDocumentsIsFatal) {
@@ -56,7 +49,7 @@ TEST(DocumentsFolderDeathTest, NoPlaceForDocumentsIsFatal) {
                  "platform/foundation/DocumentsFolder:[0-9]+: Fatal error: There is no documents folder");
 }
 
-TEST_F(FileLayer, OnlyWhatIsInTheDocumentsFolderByItsNameIsRemoved) {
+TEST_F(FileLayer, OnlyWhatIsInTheDocumentsFolderByItsNameIsRemovedOrReplaced) {
     const QUrl outside = file(u"outside"_s);
     const std::filesystem::path documents = filePath(documentsFolder());
     std::filesystem::create_directory_symlink(m_folder.path().toStdString(), documents / "link");
@@ -64,6 +57,7 @@ TEST_F(FileLayer, OnlyWhatIsInTheDocumentsFolderByItsNameIsRemoved) {
          {outside, documentsFolder(), inOutputs(u"../.."_s), inOutputs(u"../../../outside"_s), QUrl(),
           QUrl(u"https://host/x"_s), fileUrl(documents.string() + "x")})
         EXPECT_FALSE(files.removeItem(url)) << url.toString().toStdString();
+    EXPECT_FALSE(files.replaceItem(outside, filePath(file(u"new"_s))));
     EXPECT_TRUE(std::filesystem::exists(filePath(outside)));
     EXPECT_TRUE(files.removeItem(appendingPathComponent(documentsFolder(), u"link/outside"_s)));
     EXPECT_FALSE(std::filesystem::exists(filePath(outside)));
@@ -84,29 +78,4 @@ TEST_F(FileLayer, AFileThatIsBeingReadIsNotRemovedByAnyName) {
     EXPECT_TRUE(files.removeItem(inOutputs(u"other.mp4"_s)));
     access.stop();
     EXPECT_TRUE(files.removeItem(source));
-}
-
-TEST_F(FileLayer, AccessToAFifoNeverWaitsAndToNothingIsRefused) {
-    const std::string fifo = m_folder.filePath(u"fifo"_s).toStdString();
-    ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
-    EXPECT_TRUE(SecurityScopedAccess(fileUrl(fifo)).start());
-    EXPECT_FALSE(SecurityScopedAccess(fileUrl("/nothing/here")).start());
-}
-
-TEST_F(FileLayer, ReplacingPutsOneFileInThePlaceOfAnother) {
-    const QUrl target = inOutputs(u"a.mp4"_s);
-    const QUrl replacement = inOutputs(u".new"_s);
-    write(target, "old");
-    write(replacement, "new");
-    EXPECT_FALSE(files.replaceItem(file(u"outside"_s), filePath(replacement)));
-    // Observers stay for good: this one must not outlive its test.
-    const auto seen = std::make_shared<QList<QUrl>>();
-    files.addChangeObserver([weak = std::weak_ptr(seen)](const QUrl& url) {
-        if (const auto list = weak.lock())
-            list->append(url);
-    });
-    EXPECT_TRUE(files.replaceItem(inOutputs(u"x/../a.mp4"_s), filePath(replacement)));
-    EXPECT_EQ(contents(target), "new");
-    EXPECT_EQ(*seen, QList<QUrl>{target});
-    EXPECT_EQ(outputs(), QStringList{u"a.mp4"_s});
 }

@@ -15,22 +15,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class Library : public ApplicationTest {
-protected:
-    static UIImage thumbnail(const QUrl& url) {
-        std::optional<UIImage> image;
-        ConvertedVideo(url).thumbnail([&image](const UIImage& made) { image = made; });
-        EXPECT_FALSE(image);
-        EXPECT_TRUE(runLoopUntil([&image] { return image.has_value(); }));
-        return image.value_or(UIImage());
-    }
-};
+using Library = ApplicationTest;
 
 UIImage picture(int bytes) {
     return UIImage({1, bytes / 4, QByteArray(bytes, 'x')});
 }
 
-const QByteArray pictureScript = "probe properties 5 600 10 10 1 0 0 1\nthumbnail picture 10 10\n";
+const QByteArray pictureScript = "thumbnail picture 10 10\n";
 
 } // namespace
 
@@ -69,13 +60,6 @@ TEST_F(Library, DownloadsAreClearedWithALineForEach) {
     EXPECT_TRUE(std::filesystem::exists(filePath(appendingPathComponent(downloads, u".hidden"_s))));
 }
 
-TEST_F(Library, AVideoIsDeletedAndAMissingOneIsNoMatter) {
-    write(inOutputs(u"a.mp4"_s), {});
-    FileSystem::shared().deleteVideo(inOutputs(u"a.mp4"_s));
-    FileSystem::shared().deleteVideo(inOutputs(u"a.mp4"_s));
-    EXPECT_EQ(outputs(), QStringList());
-}
-
 TEST_F(Library, ANameIsTheLastComponentOrANewUuid) {
     EXPECT_EQ(ConvertedVideo(inOutputs(u"holiday.mp4"_s)).name(), u"holiday.mp4"_s);
     const ConvertedVideo nameless{QUrl()};
@@ -83,15 +67,6 @@ TEST_F(Library, ANameIsTheLastComponentOrANewUuid) {
                     .match(nameless.name())
                     .hasMatch());
     EXPECT_NE(nameless.name(), nameless.name());
-}
-
-TEST_F(Library, AVideoTellsItsDurationAndItsResolutionAsShown) {
-    const ConvertedVideo portrait(file(u"a"_s, "probe properties 2235540 600 1920 1080 0 1 -1 0\n"));
-    EXPECT_EQ(portrait.durationText(), u"01:02:05"_s);
-    EXPECT_EQ(portrait.resolutionText(), resolutionText({1080, 1920}, QLocale::system()));
-    const ConvertedVideo text(file(u"b"_s, "probe fail no video\n"));
-    EXPECT_EQ(text.durationText(), u"00:00:00"_s);
-    EXPECT_EQ(text.resolutionText(), std::nullopt);
 }
 
 TEST_F(Library, AThumbnailIsKeptUntilItsFileChanges) {
@@ -104,6 +79,7 @@ TEST_F(Library, AThumbnailIsKeptUntilItsFileChanges) {
     ASSERT_TRUE(FileManager::defaultManager().replaceItem(url, filePath(inOutputs(u".new"_s))));
     EXPECT_EQ(thumbnail(url).size(), QSize(30, 30));
     FileSystem::shared().deleteVideo(url);
+    EXPECT_EQ(outputs(), QStringList());
     EXPECT_TRUE(thumbnail(url).isEmpty());
 }
 

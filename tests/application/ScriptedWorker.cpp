@@ -2,7 +2,7 @@
 //
 // A media worker that does what its source says. A source holds lines "KIND COMMAND ARGUMENTS…", KIND being
 // the request (probe, thumbnail, export) that the line is for; they are obeyed in order, then comes the
-// answer.
+// answer. "hang FILE" hangs only where FILE is not there yet.
 #include "mediaworker/Channel.h"
 
 #include <algorithm>
@@ -35,20 +35,13 @@ void hang() {
         ::pause();
 }
 
-void hangOnce(const std::string& mark) {
-    if (::open(mark.c_str(), O_CREAT | O_EXCL | O_WRONLY, 0600) >= 0)
-        hang();
-}
-
 void await(const std::string& mark) {
     while (::access(mark.c_str(), F_OK) != 0)
         ::poll(nullptr, 0, 1);
 }
 
-std::string rest(std::istringstream& words) {
-    std::string text;
-    std::getline(words, text);
-    return text;
+bool isFirstTo(const std::string& mark) {
+    return ::open(mark.c_str(), O_CREAT | O_EXCL | O_WRONLY, 0600) >= 0;
 }
 
 std::string openDescriptors() {
@@ -58,6 +51,16 @@ std::string openDescriptors() {
     return text;
 }
 
+/// What a probe finds wherever its source says nothing else.
+AssetProperties turnedFilm() {
+    AssetProperties film;
+    film.isPlayable = film.isExportable = true;
+    film.duration = {1490, 400};
+    film.videoTrack = VideoTrackProperties{1920, 1080, {0, 1, -1, 0}};
+    film.estimatedBytes = {10, 20, 30, 0};
+    return film;
+}
+
 class Request {
 public:
     Request(Channel& channel, const Letter& letter) : m_channel(channel), m_letter(letter) {}
@@ -65,72 +68,46 @@ public:
     void answer() {
         const std::array<std::string, 3> kinds{"probe", "thumbnail", "export"};
         std::istringstream lines(readAll(m_letter.descriptors.at(0).number()));
-        for (std::string line; std::getline(lines, line);) {
-            std::istringstream words(line);
-            std::string kind, command;
-            words >> kind >> command >> std::ws;
+        for (std::string kind, command, rest; lines >> kind >> command && std::getline(lines, rest);)
             if (kind == kinds.at(m_letter.message.index()))
-                obey(command, words);
-        }
+                obey(command, rest.erase(0, 1));
         const std::array<Message, 3> answers{m_properties, m_thumbnail, m_finished};
         m_channel.send(answers.at(m_letter.message.index()));
     }
 
 private:
-    void obey(const std::string& command, std::istringstream& words) {
+    void obey(const std::string& command, const std::string& rest) {
+        std::istringstream words(rest);
         if (command == "die")
             ::raise(SIGKILL);
-        else if (command == "hang")
+        else if (command == "hang" && (rest.empty() || isFirstTo(rest)))
             hang();
-        else if (command == "hangonce")
-            hangOnce(rest(words));
         else if (command == "fail")
-            m_finished.problem = rest(words);
-        else if (command == "properties")
-            takeProperties(words);
-        else if (command == "picture")
-            drawPicture(words);
-        else if (command == "claim")
+            m_finished.problem = rest;
+        else if (command == "claim" || command == "picture")
             words >> m_thumbnail.width >> m_thumbnail.height;
         else if (command == "descriptors")
             m_thumbnail.problem = openDescriptors();
         else if (command == "write")
-            writeAll(m_letter.descriptors.at(1).number(), rest(words));
+            writeAll(m_letter.descriptors.at(1).number(), rest);
         else if (command == "await")
-            await(rest(words));
+            await(rest);
         else if (command == "progress")
-            sendProgress(words);
-        else
+            m_channel.send(ExportProgress{std::stod(rest)});
+        else if (command != "hang")
             ::abort();
+        if (command == "picture")
+            drawPicture();
     }
 
-    void takeProperties(std::istringstream& words) {
-        VideoTrackProperties track;
-        m_properties.isPlayable = m_properties.isExportable = true;
-        m_properties.estimatedBytes = {10, 20, 30, 0};
-        words >> m_properties.duration.value >> m_properties.duration.timescale;
-        if (words >> track.naturalWidth >> track.naturalHeight) {
-            for (double& value : track.transform)
-                words >> value;
-            m_properties.videoTrack = track;
-        }
-    }
-
-    void drawPicture(std::istringstream& words) {
-        words >> m_thumbnail.width >> m_thumbnail.height;
+    void drawPicture() {
         const auto bytes = static_cast<std::size_t>(m_thumbnail.width * m_thumbnail.height * 4);
         writeAll(m_letter.descriptors.at(1).number(), std::string(bytes, 'x'));
     }
 
-    void sendProgress(std::istringstream& words) {
-        ExportProgress progress;
-        words >> progress.fraction;
-        m_channel.send(progress);
-    }
-
     Channel& m_channel;
     const Letter& m_letter;
-    AssetProperties m_properties;
+    AssetProperties m_properties = turnedFilm();
     ThumbnailReply m_thumbnail;
     ExportFinished m_finished;
 };
@@ -139,10 +116,6 @@ private:
 
 int main() {
     Channel channel{Descriptor(channelDescriptor)};
-    for (;;) {
-        Letter letter;
-        if (channel.receive(letter) != Channel::Status::Received)
-            return 0;
+    for (Letter letter; channel.receive(letter) == Channel::Status::Received; letter = {})
         Request(channel, letter).answer();
-    }
 }

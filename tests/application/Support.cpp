@@ -56,4 +56,12 @@ QByteArray ApplicationTest::contents(const QUrl& url) {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+UIImage ApplicationTest::thumbnail(const QUrl& url) {
+    std::optional<UIImage> image;
+    ConvertedVideo(url).thumbnail([&image](const UIImage& made) { image = made; });
+    EXPECT_FALSE(image);
+    EXPECT_TRUE(runLoopUntil([&image] { return image.has_value(); }));
+    return image.value_or(UIImage());
+}
+
 } // namespace reelsmith

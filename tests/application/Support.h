@@ -32,6 +32,9 @@ protected:
     static void write(const QUrl& url, const QByteArray& contents);
     static QByteArray contents(const QUrl& url);
 
+    /// The thumbnail that the library makes or keeps of a video.
+    static UIImage thumbnail(const QUrl& url);
+
     QTemporaryDir m_folder;
     ConsoleCapture m_console;
     InMemoryServices& m_services = InMemoryServices::fresh();

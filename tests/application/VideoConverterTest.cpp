@@ -4,7 +4,6 @@
 #include "Support.h"
 
 #include "conversion/OutputName.h"
-#include "platform/foundation/SecurityScopedAccess.h"
 #include "platform/foundation/URLs.h"
 #include "settings/UserSettings.h"
 
@@ -64,7 +63,7 @@ protected:
     bool m_isCancelCalled = false;
 };
 
-const QByteArray goodScript = "probe properties 600 600 10 10 1 0 0 1\nexport write result\n";
+const QByteArray goodScript = "export write result\n";
 const QString noVideo = u"no video in it"_s;
 
 } // namespace
@@ -80,18 +79,6 @@ TEST(OutputName, IsTheGivenNameOrTheSourcesFirstPiece) {
     EXPECT_EQ(outputBaseName(std::nullopt, QUrl()).size(), 36);
     EXPECT_EQ(outputBaseName(std::nullopt, fileUrl("/tmp/...")).size(), 36);
     EXPECT_EQ(filePath(outputUrl(u"My Video"_s)).filename(), "My Video.mp4");
-}
-
-TEST_F(Converter, ANewOneHasItsPresetAndNothingElse) {
-    m_services.remoteConfig->setState({.activated = {{u"enable_passthrough_preset"_s, u"true"_s}}});
-    make(file(u"clip.mov"_s, goodScript));
-    m_services.remoteConfig->setState({});
-    EXPECT_EQ(m_converter->conversionQuality(), AVAssetExportPresetHighestQuality);
-    EXPECT_EQ(m_converter->rawQuality(), ConversionQuality::medium);
-    EXPECT_EQ(m_converter->currentMode(), ConversionMode::legacy);
-    EXPECT_EQ(m_converter->exportSession(), nullptr);
-    EXPECT_EQ(m_converter->videoDuration(), std::nullopt);
-    EXPECT_EQ(m_console.lines(), QStringList{u"Passthrough enabled: true"_s});
 }
 
 TEST_F(Converter, ASuccessIsCountedLoggedAndReported) {
@@ -173,31 +160,4 @@ TEST_F(Converter, ADroppedOneFallsSilentWhileItsFileAppears) {
     EXPECT_FALSE(m_output);
     EXPECT_EQ(UserSettings::shared().conversionCount(), before);
     EXPECT_TRUE(m_services.analytics->state().events.isEmpty());
-}
-
-TEST_F(Converter, ASourceUnderItsOwnNameIsReplacedOnlyByAGoodResult) {
-    const QUrl source = inOutputs(u"clip.mp4"_s);
-    SecurityScopedAccess access(source);
-    write(source, "export fail no video in it\n");
-    ASSERT_TRUE(access.start());
-    make(source);
-    convert(std::nullopt);
-    ASSERT_TRUE(waitForEnd());
-    EXPECT_TRUE(m_failure);
-    EXPECT_EQ(contents(source), "export fail no video in it\n");
-
-    write(source, goodScript);
-    convert(std::nullopt);
-    ASSERT_TRUE(runLoopUntil([this] { return m_output.has_value(); }));
-    EXPECT_EQ(contents(source), "result");
-}
-
-TEST_F(Converter, ANameThatClimbsOutRemovesNothingAndFails) {
-    const QUrl outside = fileUrl(filePath(inOutputs(u"../../victim.mp4"_s)));
-    write(outside, "kept");
-    make(file(u"clip.mov"_s, goodScript));
-    convert(u"../../victim"_s);
-    ASSERT_TRUE(waitForEnd());
-    EXPECT_EQ(m_failure, u"Invalid file"_s);
-    EXPECT_EQ(contents(outside), "kept");
 }
