@@ -2,6 +2,7 @@
 #include "media/TrackCopy.h"
 
 #include <cmath>
+#include <string>
 #include <utility>
 
 namespace reelsmith::media {
@@ -98,6 +99,8 @@ void TrackCopy::take(PacketHandle packet) {
 void TrackCopy::end() {
     if (auto passed = pass(nullptr); !passed)
         m_context.latch.fail(passed.error());
+    if (m_damagedCount > 0)
+        m_context.warn(std::to_string(m_damagedCount) + " damaged pieces left out of a copied track");
 }
 
 Result<void> TrackCopy::pass(AVPacket* packet) {
@@ -108,20 +111,24 @@ Result<void> TrackCopy::pass(AVPacket* packet) {
         av_packet_move_ref(moved.get(), packet);
         return m_context.writer.write(m_outputTrack, std::move(moved));
     }
-    if (const int result = av_bsf_send_packet(m_filter.get(), packet); result < 0)
-        return ffmpegFailure(ErrorCode::Unsupported, "Copying a track", result);
-    for (;;) {
+    int result = av_bsf_send_packet(m_filter.get(), packet);
+    while (result >= 0) {
         PacketHandle filtered = makePacket();
-        const int result = av_bsf_receive_packet(m_filter.get(), filtered.get());
+        result = av_bsf_receive_packet(m_filter.get(), filtered.get());
         if (result == AVERROR(EAGAIN) || result == AVERROR_EOF)
             return {};
         if (result < 0)
-            return ffmpegFailure(ErrorCode::Unsupported, "Copying a track", result);
+            break;
         // It need no longer be what stands in the source.
         filtered->pos = -1;
         if (auto written = m_context.writer.write(m_outputTrack, std::move(filtered)); !written)
             return written;
     }
+    if (result == AVERROR(ENOMEM))
+        return ffmpegFailure(ErrorCode::OutOfMemory, "Copying a track", result);
+    // What the filter refuses is damaged; what follows need not be.
+    ++m_damagedCount;
+    return {};
 }
 
 } // namespace reelsmith::media
