@@ -107,6 +107,18 @@ TEST_F(ExportSound, AacIsCopiedOnlyWhereItIsPlainAndLean) {
     }
 }
 
+TEST_F(ExportSound, PassthroughCopiesEveryCodecThatMp4Holds) {
+    const std::string source = withSound(
+        "source.mkv", tone("0.3", 1) +
+                          "-map 0 -map 1 -map 1 -map 1 -map 1 -map 1 -map 1 -c:a:0 flac "
+                          "-c:a:1 libopus -c:a:2 alac -c:a:3 ac3 -c:a:4 libmp3lame -c:a:5 libvorbis");
+    std::vector<AVCodecID> codecs;
+    for (const Movie::Track& track : convert(source, Preset::Passthrough).tracks)
+        codecs.push_back(track.codec->codec_id);
+    EXPECT_EQ(codecs, (std::vector{AV_CODEC_ID_H264, AV_CODEC_ID_FLAC, AV_CODEC_ID_OPUS, AV_CODEC_ID_ALAC,
+                                   AV_CODEC_ID_AC3, AV_CODEC_ID_MP3, AV_CODEC_ID_AAC}));
+}
+
 TEST_F(ExportSound, TheTrackInTheUsersLanguageIsKeptAndMarked) {
     const std::string three = clockPictures(5, 1) + tone("0.1", 1) +
                               "-map 0 -map 1 -map 1 -map 1 -c:v libx264 -metadata:s:a:0 language=deu "
