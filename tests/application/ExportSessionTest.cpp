@@ -46,17 +46,6 @@ TEST_F(ExportSession, AnUnknownPresetYieldsNone) {
               nullptr);
 }
 
-TEST_F(ExportSession, TheResultTakesThePlaceOfTheOldFileWhenItIsComplete) {
-    const QUrl output = inOutputs(u"a.mp4"_s);
-    write(output, "old");
-    const auto session = this->session(goodExport, output);
-    EXPECT_EQ(exported(*session), Status::Completed);
-    EXPECT_EQ(session->progress(), 1);
-    EXPECT_FALSE(session->error());
-    EXPECT_EQ(contents(output), "result");
-    EXPECT_EQ(outputs(), QStringList{u"a.mp4"_s});
-}
-
 TEST_F(ExportSession, AFailureLeavesTheOldFileAndSaysWhy) {
     const QUrl output = inOutputs(u"a.mp4"_s);
     write(output, "old");
@@ -92,7 +81,7 @@ TEST_F(ExportSession, AFailureLeavesTheOldFileAndSaysWhy) {
     EXPECT_EQ(outputs(), (QStringList{u"a.mp4"_s, u"folder.mp4"_s}));
 }
 
-TEST_F(ExportSession, CancellingEndsItInEveryPhase) {
+TEST_F(ExportSession, CancellingEndsItUntilTheResultStandsInPlaceOfTheOldFile) {
     const QUrl output = inOutputs(u"a.mp4"_s);
     const auto early = session(goodExport, output);
     early->cancelExport();
@@ -117,10 +106,15 @@ TEST_F(ExportSession, CancellingEndsItInEveryPhase) {
     EXPECT_FALSE(exporting->error());
     EXPECT_EQ(outputs(), QStringList());
 
+    write(output, "old");
     const auto completed = session(goodExport, output);
     ASSERT_EQ(exported(*completed), Status::Completed);
     completed->cancelExport();
     EXPECT_EQ(completed->status(), Status::Completed);
+    EXPECT_EQ(completed->progress(), 1);
+    EXPECT_FALSE(completed->error());
+    EXPECT_EQ(contents(output), "result");
+    EXPECT_EQ(outputs(), QStringList{u"a.mp4"_s});
 }
 
 TEST_F(ExportSession, ASecondStartIsFatal) {

@@ -2,7 +2,6 @@
 #include "Support.h"
 
 #include "library/MediaTexts.h"
-#include "platform/avfoundation/AVAsset.h"
 #include "platform/foundation/URLs.h"
 
 #include <QProcess>
@@ -50,13 +49,4 @@ TEST_F(RealWorker, ATurnedVideoIsShownUpright) {
     EXPECT_EQ(ConvertedVideo(url).resolutionText(), u"240x320"_s);
     EXPECT_EQ(ConvertedVideo(url).durationText(), u"00:00:07"_s);
     EXPECT_EQ(thumbnail(url).size(), QSize(240, 320));
-}
-
-TEST_F(RealWorker, WhatIsNoVideoHasNoPictureAndNoFacts) {
-    const QUrl url = file(u"text.mp4"_s, QByteArray(5000, 'x'));
-    EXPECT_TRUE(thumbnail(url).isEmpty());
-    EXPECT_FALSE(m_console.lines().isEmpty());
-    EXPECT_EQ(ConvertedVideo(url).resolutionText(), std::nullopt);
-    EXPECT_EQ(ConvertedVideo(url).durationText(), u"00:00:00"_s);
-    EXPECT_FALSE(AVAsset(url).isPlayable() || AVAsset(url).isExportable());
 }

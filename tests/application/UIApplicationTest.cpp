@@ -51,7 +51,7 @@ TEST_F(BackgroundTasks, TheDeviceStaysAwakeWhileAnyTaskIsOpen) {
     EXPECT_EQ(laterHolds, 0);
 }
 
-TEST_F(BackgroundTasks, WithoutWorkEveryTaskExpiresOnceAndIsDropped) {
+TEST_F(BackgroundTasks, WithoutWorkOrAtItsOwnLimitEveryTaskExpiresOnceAndIsDropped) {
     const auto application = this->application({milliseconds(1), hours(1)});
     UIBackgroundTaskIdentifier ending = 0;
     application->beginBackgroundTask([this] { m_expired.append(1); });
@@ -61,6 +61,12 @@ TEST_F(BackgroundTasks, WithoutWorkEveryTaskExpiresOnceAndIsDropped) {
     });
     EXPECT_TRUE(runLoopUntil([this] { return m_holds == 0; }));
     EXPECT_EQ(m_expired, (QList<int>{1, 2}));
+
+    const OngoingWork work; // keeps no task for ever
+    const auto limited = this->application({hours(1), milliseconds(1)});
+    limited->beginBackgroundTask([this] { m_expired.append(3); });
+    EXPECT_TRUE(runLoopUntil([this] { return m_holds == 0; }));
+    EXPECT_EQ(m_expired, (QList<int>{1, 2, 3}));
 }
 
 TEST_F(BackgroundTasks, WorkKeepsATaskFromExpiringUntilItEnds) {
@@ -75,14 +81,6 @@ TEST_F(BackgroundTasks, WorkKeepsATaskFromExpiringUntilItEnds) {
     ASSERT_TRUE(runLoopUntil([&ticks] { return ticks > 20; }));
     EXPECT_TRUE(m_expired.isEmpty());
     std::thread([&work] { work.reset(); }).join();
-    EXPECT_TRUE(runLoopUntil([this] { return m_holds == 0; }));
-    EXPECT_EQ(m_expired, QList<int>{1});
-}
-
-TEST_F(BackgroundTasks, NoWorkKeepsATaskForEver) {
-    const auto application = this->application({hours(1), milliseconds(1)});
-    const OngoingWork work;
-    application->beginBackgroundTask([this] { m_expired.append(1); });
     EXPECT_TRUE(runLoopUntil([this] { return m_holds == 0; }));
     EXPECT_EQ(m_expired, QList<int>{1});
 }

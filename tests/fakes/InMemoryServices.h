@@ -5,6 +5,8 @@
 #include "fakes/InMemoryInstallations.h"
 #include "fakes/InMemoryRemoteConfig.h"
 
+#include "platform/services/Services.h"
+
 #include <memory>
 
 namespace reelsmith {
@@ -16,7 +18,19 @@ struct InMemoryServices {
     std::shared_ptr<InMemoryAnalytics> analytics = std::make_shared<InMemoryAnalytics>();
 
     /// The one instance, handed over to the application on first use, emptied at each call.
-    static InMemoryServices& fresh();
+    static InMemoryServices& fresh() {
+        static InMemoryServices services = [] {
+            InMemoryServices made;
+            Services::configure({made.remoteConfig, made.installations, made.analytics});
+            return made;
+        }();
+        services.remoteConfig->setState({});
+        services.installations->token.reset();
+        services.installations->error.reset();
+        services.installations->refreshCount = 0;
+        services.analytics->reset();
+        return services;
+    }
 };
 
 } // namespace reelsmith
