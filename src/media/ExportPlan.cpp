@@ -115,6 +115,13 @@ double zeroOf(const MediaInfo& info, const ExportPlan& plan) {
     return std::max(0.0, zero);
 }
 
+/// The same scene needs more bits for each pixel where the pixels are fewer.
+double bitsPerPixel(Preset preset, double pixels) {
+    constexpr double pixelsOfTheRule = 1280 * 720;
+    constexpr double growth = 0.15;
+    return rulesOf(preset).bitsPerPixel * std::pow(pixelsOfTheRule / pixels, growth);
+}
+
 } // namespace
 
 const Track* shownVideoTrack(const MediaInfo& info) {
@@ -162,7 +169,7 @@ std::int64_t estimateBytes(const MediaInfo& info, const ExportPlan& plan) {
     if (plan.video.treatment == Treatment::Encode) {
         const double rate = std::min(plan.video.peakRate, video.frameRate > 0 ? video.frameRate : 30);
         const double pixels = static_cast<double>(plan.video.scaled.width) * plan.video.scaled.height;
-        videoBits = std::min(videoBits, pixels * rate * rulesOf(plan.preset).bitsPerPixel);
+        videoBits = std::min(videoBits, rate * pixels * bitsPerPixel(plan.preset, pixels));
     }
     return static_cast<std::int64_t>((videoBits + soundBits) * seconds / 8);
 }
