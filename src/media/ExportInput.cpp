@@ -29,7 +29,7 @@ Result<ExportInput> open(const ExportJob& job, Source::Detail detail) {
     auto plan = planExport(info, job.preset, job.languages);
     if (plan && plan->video.treatment == Treatment::Copy) {
         readStart(**source, info.tracks[static_cast<std::size_t>(plan->video.track)]);
-        if (detail == Source::Detail::Positions) {
+        if (detail == Source::Detail::Passed) {
             for (const AudioPlan& sound : plan->sounds)
                 readStart(**source, info.tracks[static_cast<std::size_t>(sound.track)]);
         }
@@ -40,11 +40,11 @@ Result<ExportInput> open(const ExportJob& job, Source::Detail detail) {
     return ExportInput{std::move(*source), std::move(info), std::move(*plan)};
 }
 
-/// Whether the result can be made without looking at a single packet. Where the headers leave open what a
-/// sound is, it cannot.
+/// Whether pictures and sound can be brought over without a closer look, as far as the headers tell what they
+/// are; texts, which are turned into others, then have to be there.
 bool isPlainCopy(const ExportInput& input) {
     const auto isCopied = [&source = *input.source](const auto& plan) {
-        return plan.treatment == Treatment::Copy && source.isOpaque(plan.track);
+        return plan.treatment == Treatment::Copy && source.canPassOn(plan.track);
     };
     const auto isSound = [](const Track& track) {
         return track.kind == TrackKind::Audio && track.hasSamples;
@@ -53,14 +53,14 @@ bool isPlainCopy(const ExportInput& input) {
     const auto& sounds = input.plan.sounds;
     return isCopied(input.plan.video) && std::all_of(sounds.begin(), sounds.end(), isCopied) &&
            std::count_if(tracks.begin(), tracks.end(), isSound) == std::ssize(sounds) &&
-           input.plan.texts.empty();
+           (input.plan.texts.empty() || !input.source->tellsPositionsOnly());
 }
 
 } // namespace
 
 Result<ExportInput> openInput(const ExportJob& job) {
     if (job.preset == Preset::Passthrough) {
-        auto input = open(job, Source::Detail::Positions);
+        auto input = open(job, Source::Detail::Passed);
         if (input && isPlainCopy(*input))
             return input;
     }

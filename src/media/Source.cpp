@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/Source.h"
 
+#include "media/FirstPicture.h"
 #include "media/Limits.h"
 #include "media/MovieHeader.h"
 
 #include <algorithm>
 #include <cstring>
+#include <numeric>
 
 extern "C" {
 #include <libavutil/dict.h>
@@ -28,9 +30,12 @@ int refuseNestedOpen(AVFormatContext*, AVIOContext**, const char*, int, AVDictio
     return AVERROR(EACCES);
 }
 
+bool isNamed(const AVFormatContext* context, const char* name) {
+    return std::strstr(context->iformat->name, name) != nullptr;
+}
+
 bool isDescribedByHeaders(const AVFormatContext* context) {
-    const bool isIndexed =
-        std::strstr(context->iformat->name, "mp4") || std::strstr(context->iformat->name, "matroska");
+    const bool isIndexed = isNamed(context, "mp4") || isNamed(context, "matroska");
     if (!isIndexed || context->nb_streams == 0)
         return false;
     return std::all_of(context->streams, context->streams + context->nb_streams,
@@ -97,8 +102,8 @@ Result<std::unique_ptr<Source>> Source::open(int descriptor, Detail detail) {
         return failure(ErrorCode::InvalidSource, "The file is empty");
     if (auto opened = source->openContainer(); !opened)
         return tl::unexpected(opened.error());
-    const bool isWithoutBytes = detail == Detail::Positions;
-    if (auto found = isWithoutBytes ? source->stopFetching() : source->findTracks(detail); !found)
+    const bool isPassed = detail == Detail::Passed;
+    if (auto found = isPassed ? source->preparePassing() : source->findTracks(detail); !found)
         return tl::unexpected(found.error());
     return source;
 }
@@ -131,27 +136,46 @@ Result<void> Source::findTracks(Detail detail) {
     return {};
 }
 
-Result<void> Source::stopFetching() {
-    const bool isMp4 = std::strstr(m_context->iformat->name, "mp4") != nullptr;
-    if (!isMp4 || !isDescribedByHeaders(m_context) || hasFragments(descriptor()))
-        return failure(ErrorCode::Unsupported, "The file does not tell where its packets are");
-    // What FFmpeg finds out from the packets themselves, this file's index says.
+Result<void> Source::preparePassing() {
+    m_tellsPositionsOnly = isNamed(m_context, "mp4");
+    if (!isDescribedByHeaders(m_context) || (m_tellsPositionsOnly && hasFragments(descriptor())))
+        return failure(ErrorCode::Unsupported, "The file has to be looked at more closely");
+    // What FFmpeg would find out from the packets is known without.
     m_context->flags |= AVFMT_FLAG_NOPARSE | AVFMT_FLAG_NOFILLIN;
-    m_io.stopFetching();
-    m_tellsPositionsOnly = true;
+    if (m_tellsPositionsOnly)
+        m_io.stopFetching();
+    for (unsigned i = 0; i < m_context->nb_streams; ++i)
+        preparePassing(static_cast<int>(i));
     return {};
+}
+
+void Source::preparePassing(int track) {
+    AVCodecParameters* codec = m_context->streams[track]->codecpar;
+    if (!isOpaque(codec))
+        return;
+    const bool isPicture = codec->codec_type == AVMEDIA_TYPE_VIDEO;
+    if (isPicture && !m_tellsPositionsOnly) {
+        const AVPacket* first = firstPacket(track);
+        if (!first || first->duration == 0 || !describeByFirstPicture(*codec, *first))
+            return;
+    }
+    m_passedTracks.emplace(track, MissingTimes(isPicture ? codec->video_delay : 0));
 }
 
 const AVPacket* Source::firstPacket(int track) {
     constexpr std::size_t mostAhead = 2000;
+    constexpr std::int64_t mostBytesAhead = 64 << 20;
     const auto isFirst = [track](const PacketHandle& packet) { return packet->stream_index == track; };
     auto found = std::find_if(m_ahead.begin(), m_ahead.end(), isFirst);
     if (found != m_ahead.end())
         return found->get();
-    while (m_ahead.size() < mostAhead) {
+    auto bytes = std::accumulate(m_ahead.begin(), m_ahead.end(), std::int64_t{0},
+                                 [](std::int64_t sum, const PacketHandle& each) { return sum + each->size; });
+    while (m_ahead.size() < mostAhead && bytes < mostBytesAhead) {
         PacketHandle packet = readNext();
         if (!packet)
             break;
+        bytes += packet->size;
         m_ahead.push_back(std::move(packet));
         if (isFirst(m_ahead.back()))
             return m_ahead.back().get();
@@ -160,10 +184,16 @@ const AVPacket* Source::firstPacket(int track) {
 }
 
 PacketHandle Source::readPacket() {
-    if (m_ahead.empty())
-        return readNext();
-    PacketHandle packet = std::move(m_ahead.front());
-    m_ahead.pop_front();
+    PacketHandle packet;
+    if (m_ahead.empty()) {
+        packet = readNext();
+    } else {
+        packet = std::move(m_ahead.front());
+        m_ahead.pop_front();
+    }
+    const auto passed = packet ? m_passedTracks.find(packet->stream_index) : m_passedTracks.end();
+    if (passed != m_passedTracks.end())
+        passed->second.fillIn(*packet);
     return packet;
 }
 
@@ -180,10 +210,6 @@ PacketHandle Source::readNext() {
             break;
     }
     return nullptr;
-}
-
-bool Source::isOpaque(int track) const {
-    return media::isOpaque(m_context->streams[track]->codecpar);
 }
 
 double Source::fractionRead() const {

@@ -4,9 +4,11 @@
 #include "media/DescriptorIo.h"
 #include "media/Error.h"
 #include "media/Handles.h"
+#include "media/MissingTimes.h"
 
 #include <cstdint>
 #include <deque>
+#include <map>
 #include <memory>
 
 namespace reelsmith::media {
@@ -19,12 +21,12 @@ class Source {
 public:
     /// How much to find out on opening. Headers: only what the container says, where that suffices for
     /// duration, size and codec (else the same as Decoded). Decoded: the first packets are decoded too, for
-    /// pixel format, colour, field order and profile. Positions: the same as Headers, and packets come
-    /// without their bytes (zeros and rubbish of the right size) but say where they are (AVPacket::pos).
-    enum class Detail { Headers, Decoded, Positions };
+    /// pixel format, colour, field order and profile. Passed: no more than it takes to bring packets into an
+    /// MP4 file; of tracks that canPassOn().
+    enum class Detail { Headers, Decoded, Passed };
 
-    /// Fails with InvalidSource for what is no video file, with Unsupported where a file does not tell the
-    /// positions of its packets in advance. The descriptor must outlive the source.
+    /// Fails with InvalidSource for what is no video file, with Unsupported where packets cannot be passed on
+    /// without a closer look. The descriptor must outlive the source.
     static Result<std::unique_ptr<Source>> open(int descriptor, Detail detail);
 
     ~Source();
@@ -42,11 +44,12 @@ public:
     /// read are not lost: readPacket() yields them first, until when this one stays valid.
     const AVPacket* firstPacket(int track);
 
-    /// Whether it was opened for positions.
+    /// Whether packets come without their bytes (zeros and rubbish of the right size) but say where they are
+    /// (AVPacket::pos). Only of what was opened to be passed on.
     bool tellsPositionsOnly() const { return m_tellsPositionsOnly; }
 
-    /// Whether the track's packets go into an MP4 file without anybody looking at their bytes.
-    bool isOpaque(int track) const;
+    /// Whether the track's packets can go into an MP4 file as they come. Of what was opened to be passed on.
+    bool canPassOn(int track) const { return m_passedTracks.count(track) > 0; }
 
     /// How much of the file has been read, 0…1.
     double fractionRead() const;
@@ -58,7 +61,8 @@ private:
     explicit Source(int descriptor);
     Result<void> openContainer();
     Result<void> findTracks(Detail detail);
-    Result<void> stopFetching();
+    Result<void> preparePassing();
+    void preparePassing(int track);
     PacketHandle readNext();
 
     DescriptorIo m_io;
@@ -66,6 +70,7 @@ private:
     std::deque<PacketHandle> m_ahead; ///< read, but not yet handed out
     std::int64_t m_sizeBytes = 0;
     bool m_tellsPositionsOnly = false;
+    std::map<int, MissingTimes> m_passedTracks;
 };
 
 } // namespace reelsmith::media
