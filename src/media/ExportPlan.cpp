@@ -179,13 +179,18 @@ std::int64_t estimatePackets(const MediaInfo& info, const ExportPlan& plan) {
     constexpr double leastSamples = 960;
     constexpr double textsPerSecond = 0.5;
     constexpr double slack = 1.05;
-    const auto trackOf = [&info](int track) { return info.tracks[static_cast<std::size_t>(track)]; };
+    const auto trackOf = [&info](int track) -> const Track& {
+        return info.tracks[static_cast<std::size_t>(track)];
+    };
     double perSecond = textsPerSecond * static_cast<double>(plan.texts.size());
     const double frameRate = trackOf(plan.video.track).frameRate;
     perSecond += frameRate > 0 ? frameRate : plan.video.peakRate;
     for (const AudioPlan& sound : plan.sounds)
         perSecond += std::max(trackOf(sound.track).sampleRate, sound.sampleRate) / leastSamples;
-    return static_cast<std::int64_t>(slack * perSecond * info.durationSeconds());
+    // A file that claims to last for days has no more packets than it has room for.
+    constexpr std::int64_t leastPacketBytes = 512;
+    return std::min(static_cast<std::int64_t>(slack * perSecond * info.durationSeconds()),
+                    info.sizeBytes / leastPacketBytes);
 }
 
 } // namespace reelsmith::media

@@ -72,7 +72,8 @@ Result<ExportPlan> planExport(const MediaInfo& info, Preset preset,
 /// Bytes that the export will come to, roughly; 0 where the duration is unknown.
 std::int64_t estimateBytes(const MediaInfo& info, const ExportPlan& plan);
 
-/// Packets that the result will list, rather more than less; 0 where the duration is unknown.
+/// Packets that the result will list, rather more than less where the file is an ordinary one; 0 where the
+/// duration is unknown.
 std::int64_t estimatePackets(const MediaInfo& info, const ExportPlan& plan);
 
 } // namespace reelsmith::media

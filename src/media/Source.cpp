@@ -66,16 +66,15 @@ bool isOpaque(const AVCodecParameters* codec) {
     }
 }
 
-/// How long an MP4 file's sample lasts until the next one of its track; 0 when unknown.
+/// How long an MP4 file's sample lasts until the next one of its track or the track's end; 0 when unknown.
 std::int64_t durationOf(const AVPacket& packet, AVStream* track) {
     const int at = av_index_search_timestamp(track, packet.dts, AVSEEK_FLAG_ANY | AVSEEK_FLAG_BACKWARD);
-    if (const AVIndexEntry* next = avformat_index_get_entry(track, at + 1))
-        return std::max<std::int64_t>(0, next->timestamp - packet.dts);
     const AVIndexEntry* first = avformat_index_get_entry(track, 0);
-    if (first && track->duration > packet.dts - first->timestamp)
-        return track->duration - (packet.dts - first->timestamp);
-    const AVIndexEntry* before = avformat_index_get_entry(track, at - 1);
-    return before ? std::max<std::int64_t>(0, packet.dts - before->timestamp) : 0;
+    const AVIndexEntry* next = avformat_index_get_entry(track, at + 1);
+    if (next)
+        return std::max<std::int64_t>(0, next->timestamp - packet.dts);
+    const bool isTold = first && track->duration > 0;
+    return isTold ? std::max<std::int64_t>(0, first->timestamp + track->duration - packet.dts) : 0;
 }
 
 } // namespace
