@@ -137,13 +137,14 @@ TEST_F(ExportPicture, FullRangeBecomesLimitedAndLimitedStays) {
         double slope;
     } const cases[] = {
         {"-c:v libx264 -crf 1 -color_range pc", 16, 219.0 / 255},
+        {"-c:v ffv1 -color_range pc", 16, 219.0 / 255},
         {"-c:v libx264 -crf 1 -color_range tv", 0, 1},
         {"-c:v libx264 -crf 1", 0, 1},
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.options);
         const auto pictures =
-            picturesOf(convert(make("ramp.mp4", picture("256x64", "X", each.options)), Preset::Highest).path);
+            picturesOf(convert(make("ramp.mkv", picture("256x64", "X", each.options)), Preset::Highest).path);
         ASSERT_FALSE(pictures.empty());
         EXPECT_EQ(pictures[0].frame->color_range, AVCOL_RANGE_MPEG);
         for (int x = 32; x <= 224; x += 32)
