@@ -21,9 +21,24 @@ if(REELSMITH_SANITIZE)
     target_link_options(reelsmith_options INTERFACE -fsanitize=${REELSMITH_SANITIZE})
 endif()
 
-# reelsmith_library(NAME SOURCES… [LINKS targets…]): one static library, its links public.
+# One precompiled header for everything that includes Qt: its headers cost more than our code.
+function(reelsmith_precompiled_headers)
+    file(WRITE "${CMAKE_BINARY_DIR}/precompiled.cpp" "")
+    add_library(precompiled STATIC "${CMAKE_BINARY_DIR}/precompiled.cpp")
+    target_link_libraries(precompiled PUBLIC reelsmith_options Qt6::Core)
+    target_precompile_headers(precompiled PRIVATE
+        <chrono> <functional> <memory> <optional> <utility> <vector>
+        <QAbstractListModel> <QCoreApplication> <QObject> <QPointer> <QString> <QTimer> <QUrl> <QVariant>)
+endfunction()
+
+# reelsmith_library(NAME SOURCES… [LINKS targets…] [QT]): one static library, its links public. QT: its headers
+# declare classes with Q_OBJECT or Q_GADGET, and its sources take Qt's headers precompiled.
 function(reelsmith_library name)
-    cmake_parse_arguments(LIBRARY "" "" "SOURCES;LINKS" ${ARGN})
+    cmake_parse_arguments(LIBRARY "QT" "" "SOURCES;LINKS" ${ARGN})
     add_library(${name} STATIC ${LIBRARY_SOURCES})
     target_link_libraries(${name} PUBLIC reelsmith_options ${LIBRARY_LINKS})
+    if(LIBRARY_QT)
+        set_target_properties(${name} PROPERTIES AUTOMOC ON)
+        target_precompile_headers(${name} REUSE_FROM precompiled)
+    endif()
 endfunction()

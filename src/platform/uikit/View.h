@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+namespace reelsmith {
+
+/// What a controller knows of a piece of its screen: an outlet. The interface file binds to it. Main thread.
+class View : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(bool isHidden READ isHidden WRITE setHidden NOTIFY changed)
+    Q_PROPERTY(bool isEnabled READ isEnabled WRITE setEnabled NOTIFY changed)
+    Q_PROPERTY(qreal borderWidth READ borderWidth NOTIFY changed)
+    Q_PROPERTY(QString borderColorName READ borderColorName NOTIFY changed)
+
+public:
+    using QObject::QObject;
+
+    bool isHidden() const { return m_isHidden; }
+    void setHidden(bool hidden);
+
+    bool isEnabled() const { return m_isEnabled; }
+    void setEnabled(bool enabled);
+
+    qreal borderWidth() const { return m_borderWidth; }                  ///< in points
+    const QString& borderColorName() const { return m_borderColorName; } ///< a platform colour, "light gray"
+    void setBorder(qreal width, const QString& colorName);
+
+signals:
+    /// Any property of the outlet has another value.
+    void changed();
+
+protected:
+    /// Sets `member` and tells it, unless it is that already.
+    template<typename Value>
+    void assign(Value& member, const Value& value) {
+        if (member == value)
+            return;
+        member = value;
+        emit changed();
+    }
+
+private:
+    bool m_isHidden = false;
+    bool m_isEnabled = true;
+    qreal m_borderWidth = 0;
+    QString m_borderColorName;
+};
+
+} // namespace reelsmith
