@@ -33,7 +33,7 @@ void FileSystem::createFolders() {
 
 void FileSystem::clearDownloads() {
     FileManager& files = FileManager::defaultManager();
-    const auto contents = files.contentsOfDirectory(folder(downloadsName));
+    const auto contents = files.contentsOfDirectory(downloadsFolder());
     if (!contents)
         return;
     for (const QUrl& url : *contents) {
@@ -64,6 +64,10 @@ std::optional<QList<ConvertedVideo>> FileSystem::convertedVideos() const {
 
 QUrl FileSystem::outputsFolder() const {
     return folder(outputsName);
+}
+
+QUrl FileSystem::downloadsFolder() const {
+    return folder(downloadsName);
 }
 
 } // namespace reelsmith

@@ -31,6 +31,7 @@ public:
     std::optional<QList<ConvertedVideo>> convertedVideos() const;
 
     QUrl outputsFolder() const;
+    QUrl downloadsFolder() const;
 
 private:
     FileSystem() = default;

@@ -49,11 +49,22 @@ public:
     void setUserPropertyString(const QString&, const QString&) override {}
 };
 
+class UnconfiguredHTTPClient : public HTTPClient {
+public:
+    void download(const QUrl&, Destination, Progress, Completion completion) override {
+        DispatchQueue::main().async([completion = std::move(completion)] { completion(std::nullopt); });
+    }
+};
+
 } // namespace
 
 Services::Backends unconfiguredBackends() {
     return {std::make_shared<UnconfiguredRemoteConfig>(), std::make_shared<UnconfiguredInstallations>(),
             std::make_shared<UnconfiguredAnalytics>()};
+}
+
+std::shared_ptr<HTTPClient> unconfiguredHTTPClient() {
+    return std::make_shared<UnconfiguredHTTPClient>();
 }
 
 } // namespace reelsmith

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/linux/network/DownloadTransfer.h"
+
+#include "platform/foundation/URLs.h"
+
+namespace reelsmith {
+
+namespace {
+
+constexpr qint64 pieceBytes = 64 * 1024;
+constexpr std::chrono::milliseconds reportInterval{100};
+
+} // namespace
+
+DownloadTransfer::DownloadTransfer(QNetworkReply* reply, DownloadDestination destination,
+                                   std::unique_ptr<TemporaryOutput> output, HTTPClient::Progress progress,
+                                   HTTPClient::Completion completion)
+    : QObject(reply),
+      m_reply(reply),
+      m_destination(std::move(destination)),
+      m_output(std::move(output)),
+      m_progress(std::move(progress)),
+      m_completion(std::move(completion)) {
+    m_file.open(m_output->descriptor(), QIODevice::WriteOnly | QIODevice::Unbuffered);
+    m_nextReport.setSingleShot(true);
+    m_nextReport.setInterval(reportInterval);
+    connect(&m_nextReport, &QTimer::timeout, this, &DownloadTransfer::report);
+    connect(m_reply, &QNetworkReply::readyRead, this, &DownloadTransfer::store);
+    connect(m_reply, &QNetworkReply::finished, this, &DownloadTransfer::finish);
+}
+
+void DownloadTransfer::store() {
+    QByteArray piece;
+    while (m_writeError.isEmpty() && !(piece = m_reply->read(pieceBytes)).isEmpty()) {
+        if (m_file.write(piece) != piece.size())
+            m_writeError = m_file.errorString();
+        m_receivedBytes += piece.size();
+    }
+    if (!m_nextReport.isActive())
+        m_nextReport.start();
+    if (!m_writeError.isEmpty())
+        m_reply->abort();
+}
+
+void DownloadTransfer::report() const {
+    m_progress({m_receivedBytes, expectedBytes()});
+}
+
+void DownloadTransfer::finish() {
+    m_reply->deleteLater();
+    const auto stored = result();
+    m_output.reset();
+    if (m_nextReport.isActive())
+        report();
+    m_nextReport.stop();
+    if (!stored)
+        qWarning("A download failed: %s", qUtf8Printable(stored.error().localizedDescription));
+    const HTTPClient::Completion completion = std::move(m_completion);
+    completion(stored ? std::optional(m_destination.fileURL) : std::nullopt);
+}
+
+Result<void> DownloadTransfer::result() {
+    if (isAnswered())
+        store();
+    if (!m_writeError.isEmpty())
+        return failure(m_writeError);
+    return isAnswered() ? moveIntoPlace() : failure(m_reply->errorString());
+}
+
+Result<void> DownloadTransfer::moveIntoPlace() {
+    std::error_code error;
+    if (!(m_destination.options & DownloadDestination::RemovePreviousFile) &&
+        std::filesystem::exists(filePath(m_destination.fileURL), error))
+        return failure(QStringLiteral("there is a file of that name already"));
+    return m_output->moveIntoPlace();
+}
+
+// The status of an answer counts as an error of the reply, as does a transfer that has broken off.
+bool DownloadTransfer::isAnswered() const {
+    const QNetworkReply::NetworkError error = m_reply->error();
+    const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    const bool isOfStatus = status >= 400 && error >= QNetworkReply::ContentAccessDenied &&
+                            error != QNetworkReply::ProtocolFailure;
+    return error == QNetworkReply::NoError || isOfStatus;
+}
+
+std::optional<qint64> DownloadTransfer::expectedBytes() const {
+    const qint64 bytes = m_reply->header(QNetworkRequest::ContentLengthHeader).toLongLong();
+    return bytes > 0 ? std::optional(bytes) : std::nullopt;
+}
+
+} // namespace reelsmith
