@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QObject>
+#include <QSizeF>
+#include <QtQml/qqmlregistration.h>
+
+namespace reelsmith {
+
+/// What the looks depend on: the desktop's wishes and the window's size. One for each QML engine, which owns
+/// it; the window feeds it. Main thread.
+class Appearance : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+    Q_PROPERTY(bool isDark READ isDark NOTIFY changed)
+    Q_PROPERTY(qreal textScale READ textScale NOTIFY changed)
+    Q_PROPERTY(bool reducesMotion READ reducesMotion NOTIFY changed)
+    Q_PROPERTY(qreal durationsScale READ durationsScale NOTIFY changed)
+    Q_PROPERTY(qreal windowWidth READ windowWidth NOTIFY changed)
+    Q_PROPERTY(qreal windowHeight READ windowHeight NOTIFY changed)
+    Q_PROPERTY(qreal columnWidth READ columnWidth NOTIFY changed)
+    Q_PROPERTY(bool isCompact READ isCompact NOTIFY changed)
+    Q_PROPERTY(bool isTall READ isTall NOTIFY changed)
+    Q_PROPERTY(bool isLargeText READ isLargeText NOTIFY changed)
+
+public:
+    using QObject::QObject;
+
+    bool isDark() const { return m_isDark; }
+    void setDark(bool dark) { assign(m_isDark, dark); }
+
+    qreal textScale() const { return m_textScale; } ///< 1…1.5
+    void setTextScale(qreal scale) { assign(m_textScale, qBound(1.0, scale, 1.5)); }
+
+    bool reducesMotion() const { return m_reducesMotion; }
+    void setReducesMotion(bool reduces) { assign(m_reducesMotion, reduces); }
+
+    /// What every duration is multiplied by; 0 lets everything happen at once.
+    qreal durationsScale() const { return m_durationsScale; }
+    void setDurationsScale(qreal scale) { assign(m_durationsScale, scale); }
+
+    qreal windowWidth() const { return m_windowSize.width(); }   ///< in points
+    qreal windowHeight() const { return m_windowSize.height(); } ///< in points
+    void setWindowSize(QSizeF size) { assign(m_windowSize, size); }
+
+    /// How wide the screens are: the window, as far as a phone goes. In points.
+    qreal columnWidth() const { return qMin(windowWidth(), 480.0); }
+
+    bool isCompact() const { return windowHeight() < 480; } ///< a phone lying down
+    bool isTall() const { return windowHeight() >= 784; }   ///< has room for more than the controls
+    bool isLargeText() const { return m_textScale >= 1.3; }
+
+signals:
+    /// Any property has another value.
+    void changed();
+
+private:
+    template<typename Value>
+    void assign(Value& member, Value value) {
+        if (member == value)
+            return;
+        member = value;
+        emit changed();
+    }
+
+    bool m_isDark = false;
+    bool m_reducesMotion = false;
+    qreal m_textScale = 1;
+    qreal m_durationsScale = 1;
+    QSizeF m_windowSize{390, 844};
+};
+
+} // namespace reelsmith
