@@ -15,7 +15,7 @@ namespace {
 using std::chrono::hours;
 using std::chrono::milliseconds;
 
-struct CountingInhibitor : SleepInhibitor {
+struct CountingInhibitor : Inhibitor {
     explicit CountingInhibitor(int& holds) : m_holds(holds) {}
     void hold() override { ++m_holds; }
     void letGo() override { --m_holds; }
@@ -83,6 +83,22 @@ TEST_F(BackgroundTasks, WorkKeepsATaskFromExpiringUntilItEnds) {
     std::thread([&work] { work.reset(); }).join();
     EXPECT_TRUE(runLoopUntil([this] { return m_holds == 0; }));
     EXPECT_EQ(m_expired, QList<int>{1});
+}
+
+TEST(UIApplication, TheScreenStaysOnWhileTheIdleTimerIsDisabledAndTheWindowActive) {
+    int holds = 0;
+    UIApplication application(std::make_unique<Inhibitor>(), {});
+    application.setIdleTimerDisabled(true);
+    application.setIdleInhibitor(std::make_unique<CountingInhibitor>(holds));
+    EXPECT_EQ(holds, 0);
+    application.setActive(true);
+    application.setActive(true);
+    EXPECT_EQ(holds, 1);
+    application.setActive(false);
+    EXPECT_EQ(holds, 0);
+    application.setActive(true);
+    application.setIdleTimerDisabled(false);
+    EXPECT_EQ(holds, 0);
 }
 
 TEST(Timer, FiresAgainAndAgainUntilInvalidatedOnAnyThread) {

@@ -2,16 +2,20 @@
 #include "platform/uikit/UIApplication.h"
 
 #include "platform/foundation/OngoingWork.h"
+#include "platform/uikit/UIWindow.h"
 
 namespace reelsmith {
 
 UIApplication& UIApplication::shared() {
-    static UIApplication application(std::make_unique<SleepInhibitor>(), TaskLimits());
+    static UIApplication application(std::make_unique<Inhibitor>(), TaskLimits());
     return application;
 }
 
-UIApplication::UIApplication(std::unique_ptr<SleepInhibitor> inhibitor, TaskLimits limits)
-    : m_limits(limits), m_inhibitor(std::move(inhibitor)) {
+UIApplication::UIApplication(std::unique_ptr<Inhibitor> sleepInhibitor, TaskLimits limits)
+    : m_limits(limits),
+      m_sleepInhibitor(std::move(sleepInhibitor)),
+      m_idleInhibitor(std::make_unique<Inhibitor>()),
+      m_linkOpener(std::make_shared<LinkOpener>()) {
     m_afterWork.setSingleShot(true);
     m_afterWork.setInterval(m_limits.afterWork);
     connect(&m_afterWork, &QTimer::timeout, this, &UIApplication::expireAll);
@@ -20,16 +24,37 @@ UIApplication::UIApplication(std::unique_ptr<SleepInhibitor> inhibitor, TaskLimi
 
 UIApplication::~UIApplication() {
     OngoingWork::setObserver({});
-    if (!m_tasks.empty())
-        m_inhibitor->letGo();
 }
 
-void UIApplication::setSleepInhibitor(std::unique_ptr<SleepInhibitor> inhibitor) {
-    if (!m_tasks.empty()) {
-        m_inhibitor->letGo();
-        inhibitor->hold();
-    }
-    m_inhibitor = std::move(inhibitor);
+void UIApplication::setSleepInhibitor(std::unique_ptr<Inhibitor> inhibitor) {
+    m_sleepInhibitor.replace(std::move(inhibitor));
+}
+
+void UIApplication::setIdleInhibitor(std::unique_ptr<Inhibitor> inhibitor) {
+    m_idleInhibitor.replace(std::move(inhibitor));
+}
+
+void UIApplication::setLinkOpener(std::shared_ptr<LinkOpener> opener) {
+    m_linkOpener = std::move(opener);
+}
+
+void UIApplication::setIdleTimerDisabled(bool isDisabled) {
+    m_isIdleTimerDisabled = isDisabled;
+    updateIdleInhibitor();
+}
+
+void UIApplication::setActive(bool isActive) {
+    m_isActive = isActive;
+    updateIdleInhibitor();
+}
+
+void UIApplication::open(const QUrl& url, LinkOpener::Completion completion) {
+    m_linkOpener->open(
+        url, completion ? std::move(completion) : [](bool) {});
+}
+
+void UIApplication::setKeyWindow(UIWindow* window) {
+    m_keyWindow = window;
 }
 
 UIBackgroundTaskIdentifier UIApplication::beginBackgroundTask(std::function<void()> expirationHandler) {
@@ -38,9 +63,8 @@ UIBackgroundTaskIdentifier UIApplication::beginBackgroundTask(std::function<void
     limit->setSingleShot(true);
     connect(limit.get(), &QTimer::timeout, this, [this, identifier] { expire(identifier); });
     limit->start(m_limits.atMost);
-    if (m_tasks.empty())
-        m_inhibitor->hold();
     m_tasks.emplace(identifier, Task{std::move(expirationHandler), std::move(limit)});
+    m_sleepInhibitor.setHeld(true);
     watchWork();
     return identifier;
 }
@@ -54,7 +78,7 @@ void UIApplication::endBackgroundTask(UIBackgroundTaskIdentifier identifier) {
     m_tasks.erase(task);
     if (m_tasks.empty()) {
         m_afterWork.stop();
-        m_inhibitor->letGo();
+        m_sleepInhibitor.setHeld(false);
     }
 }
 
@@ -71,6 +95,9 @@ void UIApplication::expire(UIBackgroundTaskIdentifier identifier) {
         return;
     if (const std::function<void()> handler = std::move(task->second.expirationHandler))
         handler();
+    if (!m_tasks.contains(identifier))
+        return;
+    qWarning("Background task %d has not been ended by its handler and is dropped.", identifier);
     endBackgroundTask(identifier);
 }
 

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/uikit/SleepInhibitor.h"
+#include "platform/uikit/HeldInhibitor.h"
+#include "platform/uikit/LinkOpener.h"
 
 #include <QObject>
+#include <QPointer>
 #include <QTimer>
 #include <chrono>
 #include <functional>
@@ -11,6 +13,8 @@
 #include <memory>
 
 namespace reelsmith {
+
+class UIWindow;
 
 using UIBackgroundTaskIdentifier = int;
 
@@ -25,11 +29,28 @@ public:
 
     static UIApplication& shared();
 
-    UIApplication(std::unique_ptr<SleepInhibitor> inhibitor, TaskLimits limits);
+    /// The window that the user works in; null before there is one and once it is gone.
+    UIWindow* keyWindow() const { return m_keyWindow; }
+    void setKeyWindow(UIWindow* window);
+
+    UIApplication(std::unique_ptr<Inhibitor> sleepInhibitor, TaskLimits limits);
     ~UIApplication() override;
 
-    /// Takes the place of the inhibitor that there was.
-    void setSleepInhibitor(std::unique_ptr<SleepInhibitor> inhibitor);
+    /// Each takes the place of the one that there was, which does nothing at first.
+    void setSleepInhibitor(std::unique_ptr<Inhibitor> inhibitor);
+    void setIdleInhibitor(std::unique_ptr<Inhibitor> inhibitor);
+    void setLinkOpener(std::shared_ptr<LinkOpener> opener);
+
+    /// While it is disabled and the application is active, the screen neither dims nor locks by itself.
+    bool isIdleTimerDisabled() const { return m_isIdleTimerDisabled; }
+    void setIdleTimerDisabled(bool isDisabled);
+
+    /// Whether the user is at the application's window; the window says so.
+    void setActive(bool isActive);
+
+    /// Opens an address in another program. `completion`, which may be empty, is called once, on the main
+    /// queue, after this has returned.
+    void open(const QUrl& url, LinkOpener::Completion completion = {});
 
     /// Asks for time to finish something even when the user turns away. The device stays awake while any task
     /// is open. A task expires some time after the last ongoing work has ended, or at its own limit: then its
@@ -48,9 +69,15 @@ private:
     void watchWork();
     void expire(UIBackgroundTaskIdentifier identifier);
     void expireAll();
+    void updateIdleInhibitor() { m_idleInhibitor.setHeld(m_isIdleTimerDisabled && m_isActive); }
 
+    QPointer<UIWindow> m_keyWindow;
     const TaskLimits m_limits;
-    std::unique_ptr<SleepInhibitor> m_inhibitor;
+    HeldInhibitor m_sleepInhibitor;
+    HeldInhibitor m_idleInhibitor;
+    std::shared_ptr<LinkOpener> m_linkOpener;
+    bool m_isIdleTimerDisabled = false;
+    bool m_isActive = false;
     std::map<UIBackgroundTaskIdentifier, Task> m_tasks;
     UIBackgroundTaskIdentifier m_lastIdentifier = 0;
     QTimer m_afterWork;
