@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/linux/PortalLinkOpener.h"
+
+#include "platform/linux/PortalRequest.h"
+
+#include <QDesktopServices>
+#include <utility>
+
+namespace reelsmith {
+
+void PortalLinkOpener::open(const QUrl& url, Completion completion) {
+    PortalRequest::Call call{QStringLiteral("OpenURI"), QStringLiteral("OpenURI"), {}, {}, m_limit};
+    call.arguments = {QString::fromLatin1(url.toEncoded())};
+    PortalRequest::send(
+        m_bus, call,
+        [url, completion = std::move(completion)](const PortalRequest::Answer& answer) {
+            if (answer.outcome == PortalRequest::Outcome::Failed)
+                completion(QDesktopServices::openUrl(url));
+            else
+                completion(answer.outcome == PortalRequest::Outcome::Granted);
+        },
+        &m_requests);
+}
+
+} // namespace reelsmith

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/linux/sharing/ShowInFolderAction.h"
+
+#include "platform/linux/BusCall.h"
+#include "platform/linux/BusServices.h"
+#include "platform/linux/HandedFile.h"
+
+#include <utility>
+
+namespace reelsmith {
+
+namespace {
+
+const QString fileManager = QStringLiteral("org.freedesktop.FileManager1");
+
+} // namespace
+
+void ShowInFolderAction::findOut(std::function<void(bool isThere)> answer) {
+    busservices::ask(m_bus, fileManager, &m_portal, [this, answer = std::move(answer)](bool isThere) {
+        if (isThere)
+            answer(true);
+        else
+            m_portal.ask(answer);
+    });
+}
+
+void ShowInFolderAction::perform(const QUrl& file, Completion completion) {
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(fileManager, QStringLiteral("/org/freedesktop/FileManager1"),
+                                       fileManager, QStringLiteral("ShowItems"));
+    call << QStringList{QString::fromLatin1(file.toEncoded())} << QString();
+    callBus(m_bus, call, &m_portal,
+            [this, file, completion = std::move(completion)](const QDBusMessage& reply) {
+                if (reply.type() == QDBusMessage::ReplyMessage)
+                    completion(Outcome::Done, {});
+                else
+                    openFolder(file, completion);
+            });
+}
+
+void ShowInFolderAction::openFolder(const QUrl& file, Completion completion) {
+    const auto opened = openToHandOver(file);
+    if (!opened) {
+        complete(std::move(completion), Outcome::Failed, opened.error().localizedDescription);
+        return;
+    }
+    m_portal.request(QStringLiteral("OpenDirectory"), {QVariant::fromValue(*opened)}, {},
+                     completing(std::move(completion)));
+}
+
+} // namespace reelsmith
