@@ -53,6 +53,10 @@ void UIApplication::open(const QUrl& url, LinkOpener::Completion completion) {
         url, completion ? std::move(completion) : [](bool) {});
 }
 
+UIWindow* UIApplication::keyWindow() const {
+    return m_keyWindow;
+}
+
 void UIApplication::setKeyWindow(UIWindow* window) {
     m_keyWindow = window;
 }

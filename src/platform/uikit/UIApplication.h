@@ -30,7 +30,7 @@ public:
     static UIApplication& shared();
 
     /// The window that the user works in; null before there is one and once it is gone.
-    UIWindow* keyWindow() const { return m_keyWindow; }
+    UIWindow* keyWindow() const;
     void setKeyWindow(UIWindow* window);
 
     UIApplication(std::unique_ptr<Inhibitor> sleepInhibitor, TaskLimits limits);
