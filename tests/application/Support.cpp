@@ -5,25 +5,9 @@
 #include "platform/foundation/URLs.h"
 
 #include <QDir>
-#include <QEventLoop>
 #include <QFile>
-#include <QTimer>
 
 namespace reelsmith {
-
-bool runLoopUntil(const std::function<bool()>& isSo) {
-    QEventLoop loop;
-    QTimer look, limit;
-    QObject::connect(&look, &QTimer::timeout, &loop, [&] {
-        if (isSo())
-            loop.quit();
-    });
-    QObject::connect(&limit, &QTimer::timeout, &loop, &QEventLoop::quit);
-    look.start(1);
-    limit.start(std::chrono::seconds(30));
-    loop.exec();
-    return isSo();
-}
 
 ApplicationTest::ApplicationTest() {
     std::filesystem::remove_all(filePath(documentsFolder()));

@@ -3,6 +3,7 @@
 
 #include "fakes/ConsoleCapture.h"
 #include "fakes/InMemoryServices.h"
+#include "fakes/RunLoop.h"
 
 #include "library/FileSystem.h"
 
@@ -11,9 +12,6 @@
 #include <gtest/gtest.h>
 
 namespace reelsmith {
-
-/// Runs the event loop until something is so; false when it is not so in half a minute.
-bool runLoopUntil(const std::function<bool()>& isSo);
 
 /// A test with empty folders in the documents folder, a scripted worker, services in memory and a quiet
 /// console.
