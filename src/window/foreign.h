@@ -1,7 +1,29 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "app/MainNavigationController.h"
+#include "app/MainTabBarController.h"
+#include "conversion/ProgressViewController.h"
+#include "conversion/VideoConversionViewController.h"
+#include "library/ConvertedVideosViewController.h"
+#include "library/VideosViewController.h"
+#include "platform/uikit/Button.h"
 #include "platform/uikit/ImageView.h"
+#include "platform/uikit/Label.h"
+#include "platform/uikit/LayoutConstraint.h"
+#include "platform/uikit/ProgressView.h"
+#include "platform/uikit/SegmentedControl.h"
+#include "platform/uikit/Switch.h"
+#include "platform/uikit/TextField.h"
+#include "platform/uikit/UIAlertController.h"
+#include "platform/uikit/UIBarButtonItem.h"
+#include "platform/uikit/UINavigationController.h"
+#include "platform/uikit/UITabBarController.h"
+#include "platform/uikit/UIViewController.h"
+#include "platform/uikit/View.h"
+#include "settings/SettingsViewController.h"
+#include "sources/ConversionQualityViewController.h"
+#include "sources/URLInputViewController.h"
 
 #include <QtQml/qqml.h>
 
@@ -9,11 +31,165 @@ namespace reelsmith {
 
 // How QML knows the classes of the layers below, which know nothing of QML.
 
+struct MainNavigationControllerForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::MainNavigationController)
+    QML_NAMED_ELEMENT(MainNavigationController)
+    QML_UNCREATABLE("Comes with its screen")
+};
+
+struct MainTabBarControllerForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::MainTabBarController)
+    QML_NAMED_ELEMENT(MainTabBarController)
+    QML_UNCREATABLE("Comes with its screen")
+};
+
+struct ProgressViewControllerForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::ProgressViewController)
+    QML_NAMED_ELEMENT(ProgressViewController)
+    QML_UNCREATABLE("Comes with its screen")
+};
+
+struct VideoConversionViewControllerForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::VideoConversionViewController)
+    QML_NAMED_ELEMENT(VideoConversionViewController)
+    QML_UNCREATABLE("Comes with its screen")
+};
+
+struct ConvertedVideosViewControllerForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::ConvertedVideosViewController)
+    QML_NAMED_ELEMENT(ConvertedVideosViewController)
+    QML_UNCREATABLE("Comes with its screen")
+};
+
+struct VideosViewControllerForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::VideosViewController)
+    QML_NAMED_ELEMENT(VideosViewController)
+    QML_UNCREATABLE("Comes with its screen")
+};
+
+struct ButtonForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::Button)
+    QML_NAMED_ELEMENT(Button)
+    QML_UNCREATABLE("A controller's outlet")
+};
+
 struct ImageViewForeign {
     Q_GADGET
     QML_FOREIGN(reelsmith::ImageView)
     QML_NAMED_ELEMENT(ImageView)
     QML_UNCREATABLE("A controller's outlet")
+};
+
+struct LabelForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::Label)
+    QML_NAMED_ELEMENT(Label)
+    QML_UNCREATABLE("A controller's outlet")
+};
+
+struct LayoutConstraintForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::LayoutConstraint)
+    QML_NAMED_ELEMENT(LayoutConstraint)
+    QML_UNCREATABLE("A controller's outlet")
+};
+
+struct ProgressViewForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::ProgressView)
+    QML_NAMED_ELEMENT(ProgressView)
+    QML_UNCREATABLE("A controller's outlet")
+};
+
+struct SegmentedControlForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::SegmentedControl)
+    QML_NAMED_ELEMENT(SegmentedControl)
+    QML_UNCREATABLE("A controller's outlet")
+};
+
+struct SwitchForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::Switch)
+    QML_NAMED_ELEMENT(Switch)
+    QML_UNCREATABLE("A controller's outlet")
+};
+
+struct TextFieldForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::TextField)
+    QML_NAMED_ELEMENT(TextField)
+    QML_UNCREATABLE("A controller's outlet")
+};
+
+struct UIAlertControllerForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::UIAlertController)
+    QML_NAMED_ELEMENT(UIAlertController)
+    QML_UNCREATABLE("Comes with its screen")
+};
+
+struct UIBarButtonItemForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::UIBarButtonItem)
+    QML_NAMED_ELEMENT(UIBarButtonItem)
+    QML_UNCREATABLE("A controller's outlet")
+};
+
+struct UINavigationControllerForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::UINavigationController)
+    QML_NAMED_ELEMENT(UINavigationController)
+    QML_UNCREATABLE("Comes with its screen")
+};
+
+struct UITabBarControllerForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::UITabBarController)
+    QML_NAMED_ELEMENT(UITabBarController)
+    QML_UNCREATABLE("Comes with its screen")
+};
+
+struct UIViewControllerForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::UIViewController)
+    QML_NAMED_ELEMENT(UIViewController)
+    QML_UNCREATABLE("Comes with its screen")
+};
+
+struct ViewForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::View)
+    QML_NAMED_ELEMENT(View)
+    QML_UNCREATABLE("A controller's outlet")
+};
+
+struct SettingsViewControllerForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::SettingsViewController)
+    QML_NAMED_ELEMENT(SettingsViewController)
+    QML_UNCREATABLE("Comes with its screen")
+};
+
+struct ConversionQualityViewControllerForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::ConversionQualityViewController)
+    QML_NAMED_ELEMENT(ConversionQualityViewController)
+    QML_UNCREATABLE("Comes with its screen")
+};
+
+struct URLInputViewControllerForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::URLInputViewController)
+    QML_NAMED_ELEMENT(URLInputViewController)
+    QML_UNCREATABLE("Comes with its screen")
 };
 
 } // namespace reelsmith

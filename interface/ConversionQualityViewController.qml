@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Reelsmith as App
+import Reelsmith.Parts
+
+/// Asks for the name and the quality of a result.
+BottomSheet {
+    id: card
+
+    required property App.ConversionQualityViewController controller
+    readonly property var sentences: ["Smallest file, fine for messages and old phones.",
+        "A good balance, right for most videos.", "Best picture, largest file."]
+    readonly property var titles: ["Low", "Medium", "High"]
+
+    label: "Name and quality"
+    onDimTapped: controller.requestDismiss()
+
+    header: SheetHeader {
+        width: parent.width
+        pictureSize: Theme.sheetPicture
+        source: card.controller.thumbImageView
+        title: card.controller.sourceNameLabel.text
+        note: card.controller.sourceDetailsLabel.text
+        onClosed: card.controller.requestDismiss()
+    }
+
+    StyledText {
+        width: parent.width
+        leftPadding: Theme.hair * 2
+        bottomPadding: Theme.gap8
+        text: "Name"
+        textStyle: Theme.smallNote
+        color: Theme.inkSoft
+    }
+    TextField {
+        objectName: "name"
+        width: parent.width
+        focus: true
+        label: "Name"
+        suffix: ".mp4"
+        selectsOnFocus: true
+        text: card.controller.filenameTextField.text
+        onTextChanged: card.controller.filenameTextField.text = text
+        onAccepted: card.controller.convertTapped()
+    }
+    Item {
+        width: parent.width
+        height: Math.max(Theme.warningHeight, warning.height + Theme.gap8)
+
+        Icon {
+            id: warningIcon
+
+            y: Theme.gap8
+            visible: warning.visible
+            name: "warning"
+            color: Theme.warn
+            size: Theme.smallIcon
+        }
+        StyledText {
+            id: warning
+
+            anchors.left: warningIcon.right
+            anchors.leftMargin: Theme.gap8
+            anchors.right: parent.right
+            y: Theme.gap8
+            visible: !card.controller.warningLabel.isHidden
+            text: card.controller.warningLabel.text
+            textStyle: Theme.smallNote
+            color: Theme.warn
+        }
+    }
+    StyledText {
+        width: parent.width
+        leftPadding: Theme.hair * 2
+        topPadding: Theme.gap8
+        bottomPadding: Theme.gap8
+        text: "Quality"
+        textStyle: Theme.smallNote
+        color: Theme.inkSoft
+    }
+    Segments {
+        objectName: "quality"
+        width: parent.width
+        label: "Quality"
+        segments: [0, 1, 2].map(index => ({
+                    "title": card.titles[index],
+                    "note": card.controller.estimates[index]
+                }))
+        currentIndex: card.controller.qualitySegmentedView.selectedSegmentIndex
+        onActivated: index => {
+            card.controller.qualitySegmentedView.selectedSegmentIndex = index;
+            card.controller.qualityTapped();
+        }
+    }
+    StyledText {
+        width: parent.width
+        leftPadding: Theme.hair * 2
+        topPadding: Theme.gap8
+        text: card.sentences[card.controller.qualitySegmentedView.selectedSegmentIndex]
+        textStyle: Theme.note
+        color: Theme.inkSoft
+    }
+    footer: Button {
+        objectName: "convert"
+        width: parent.width
+        label: "Convert"
+        onClicked: card.controller.convertTapped()
+    }
+}

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Reelsmith as App
+import Reelsmith.Parts
+
+/// One tab's stack: the uppermost screen under a bar with its title.
+Screen {
+    id: screen
+
+    required property App.MainNavigationController controller
+    readonly property list<Item> stages: [stage]
+
+    Item {
+        id: stage
+
+        anchors.top: bar.bottom
+        anchors.bottom: toolbar.visible ? toolbar.top : parent.bottom
+        width: parent.width
+        clip: true
+    }
+    NavigationBar {
+        id: bar
+
+        width: parent.width
+        title: screen.controller.barTitle
+        hasBack: !screen.controller.isAtRoot
+        onBack: screen.controller.goBack()
+    }
+    Bar {
+        id: toolbar
+
+        anchors.bottom: parent.bottom
+        width: parent.width
+        isAtBottom: true
+        visible: !screen.controller.isToolbarHidden
+    }
+}

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import QtQuick.Templates as T
+
+/// Anything to press, by finger, mouse, Space or Return: `clicked`, from 44 points on. `label` is what it is called
+/// for those who hear it, `radius` its shape, `isEnabled` whether it answers. It shows a press (`veils`, and `shrinks`
+/// too) and where the keyboard is.
+T.AbstractButton {
+    id: control
+
+    property string label
+    property bool isEnabled: true
+    property real radius: Theme.buttonRadius
+    property color ring: Theme.accent
+    property bool veils: true
+    property bool shrinks: false
+
+    implicitWidth: Math.max(Theme.target, implicitBackgroundWidth, implicitContentWidth + leftPadding + rightPadding)
+    implicitHeight: Math.max(Theme.target, implicitBackgroundHeight, implicitContentHeight + topPadding + bottomPadding)
+    enabled: isEnabled
+    opacity: isEnabled ? 1 : Theme.disabledOpacity
+    focusPolicy: Qt.TabFocus
+    hoverEnabled: true
+    scale: shrinks && pressed && !Theme.reducesMotion ? Theme.pressedScale : 1
+    Accessible.role: Accessible.Button
+    Accessible.name: label
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
+
+    Behavior on scale {
+        NumberAnimation {
+            duration: Theme.press
+        }
+    }
+
+    Rectangle {
+        anchors.fill: control.background ?? control
+        z: 1
+        radius: control.radius
+        color: control.pressed ? Theme.pressedVeil : Theme.hoverVeil
+        visible: control.veils && (control.pressed || control.hovered)
+    }
+
+    FocusRing {
+        anchors.fill: control.background ?? control
+        inner: control.radius
+        ring: control.ring
+        visible: control.visualFocus
+    }
+}

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+
+/// One tab of the bar: `iconName` over `label`; `isSelected` colours both.
+Pressable {
+    id: control
+
+    property string iconName
+    property bool isSelected: false
+
+    implicitHeight: Math.max(Theme.tabBarHeight, contentColumn.implicitHeight + 2 * Theme.gap8)
+    radius: Theme.fieldRadius
+    veils: false
+    Accessible.role: Accessible.PageTab
+    Accessible.selectable: true
+    Accessible.selected: isSelected
+
+    contentItem: Item {
+        Column {
+            id: contentColumn
+
+            anchors.verticalCenter: parent.verticalCenter
+            width: parent.width
+            spacing: Theme.gap4
+
+            Rectangle {
+                id: pill
+
+                anchors.horizontalCenter: parent.horizontalCenter
+                width: Theme.tabPillWidth
+                height: Theme.tabPillHeight
+                radius: height / 2
+                color: control.isSelected ? Theme.accentSoft : "transparent"
+
+                Icon {
+                    anchors.centerIn: parent
+                    name: control.iconName
+                    color: control.isSelected ? Theme.accent : Theme.gray
+                }
+                Rectangle {
+                    anchors.fill: parent
+                    radius: parent.radius
+                    color: control.pressed ? Theme.pressedVeil : Theme.hoverVeil
+                    visible: control.pressed || control.hovered
+                }
+            }
+            StyledText {
+                width: parent.width
+                horizontalAlignment: Text.AlignHCenter
+                text: control.label
+                textStyle: control.isSelected ? Theme.tabSelected : Theme.tab
+                color: control.isSelected ? Theme.accent : Theme.gray
+                opacity: control.isSelected ? 1 : Theme.tabTitleOpacity
+                wrapMode: Text.NoWrap
+                fontSizeMode: Text.HorizontalFit
+                minimumPixelSize: Theme.smallestTab
+            }
+        }
+    }
+}

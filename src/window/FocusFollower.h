@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QPointer>
+#include <QQuickItem>
+#include <QtQml/qqmlregistration.h>
+
+namespace reelsmith {
+
+/// Keeps what has the focus visible in a Flickable: scrolls to it when it gets the focus, and when the
+/// Flickable gets lower, as it does when the keyboard comes up.
+class FocusFollower : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(QQuickItem* flickable READ flickable WRITE setFlickable NOTIFY flickableChanged)
+
+public:
+    using QObject::QObject;
+
+    QQuickItem* flickable() const { return m_flickable; } ///< may be null; not owned
+    void setFlickable(QQuickItem* flickable);
+
+signals:
+    void flickableChanged();
+
+private:
+    void followWindow(QQuickWindow* window);
+    void reveal();
+
+    QPointer<QQuickItem> m_flickable;
+    QPointer<QQuickWindow> m_window;
+};
+
+} // namespace reelsmith
