@@ -17,12 +17,6 @@ tl::unexpected<QString> wrong(const QString& text) {
     return tl::unexpected<QString>(text);
 }
 
-bool isWebAddress(const std::string& source) {
-    const QString text = QString::fromStdString(source);
-    return text.startsWith(QStringLiteral("http://"), Qt::CaseInsensitive) ||
-           text.startsWith(QStringLiteral("https://"), Qt::CaseInsensitive);
-}
-
 /// Goes through the words after the command.
 class Parser {
 public:
@@ -101,14 +95,13 @@ Check checkSources(const Arguments& arguments) {
         return wrong(QStringLiteral("a name is for one SOURCE only"));
     std::set<std::filesystem::path> outputs;
     for (const std::string& source : arguments.sources) {
-        const QString text = QString::fromStdString(source);
         if (source.empty())
             return wrong(QStringLiteral("a SOURCE must not be empty"));
-        if (isWebAddress(source))
-            return wrong(text + QStringLiteral(": web addresses are not yet supported"));
-        const QUrl output = outputUrl(outputBaseName(arguments.name, fileUrl(source)));
+        const QUrl url = Arguments::webAddress(source).value_or(fileUrl(source));
+        const QUrl output = outputUrl(outputBaseName(arguments.name, url));
         if (!outputs.insert(filePath(output)).second)
-            return wrong(text + QStringLiteral(" would give the same output as a SOURCE before it"));
+            return wrong(QString::fromStdString(source) +
+                         QStringLiteral(" would give the same output as a SOURCE before it"));
     }
     return {};
 }
@@ -143,10 +136,19 @@ tl::expected<Arguments, QString> Arguments::parse(const std::vector<std::string>
     return arguments;
 }
 
+std::optional<QUrl> Arguments::webAddress(const std::string& source) {
+    const QString text = QString::fromStdString(source);
+    if (!text.startsWith(QStringLiteral("http://"), Qt::CaseInsensitive) &&
+        !text.startsWith(QStringLiteral("https://"), Qt::CaseInsensitive))
+        return std::nullopt;
+    return QUrl(text);
+}
+
 QString Arguments::help() {
     return QStringLiteral(R"(Reelsmith turns video files into MP4 files.
 
-reelsmith convert SOURCE...       convert files, one after another
+reelsmith convert SOURCE...       convert files, one after another; a SOURCE that is an
+                                  http or https address is downloaded first
     -q, --quality QUALITY         low, medium (the default) or high
     -n, --name NAME               name of the result, without ending; for one SOURCE only
     --json                        tell what happens on standard output, one JSON object a line
@@ -157,7 +159,7 @@ reelsmith --help | --version
 The results go to the folder Reelsmith/outputs in your documents folder; one of the same
 name is replaced. The path of each result is printed on standard output.
 
-Exit status: 0 all done, 1 a conversion failed, 2 wrong usage, 130 interrupted.
+Exit status: 0 all done, 1 a conversion or download failed, 2 wrong usage, 130 interrupted.
 )");
 }
 

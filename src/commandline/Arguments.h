@@ -4,6 +4,7 @@
 #include "conversion/ConversionQuality.h"
 
 #include <QString>
+#include <QUrl>
 #include <optional>
 #include <string>
 #include <tl/expected.hpp>
@@ -25,6 +26,9 @@ struct Arguments {
 
     /// The words after the program's name, or what is wrong with them.
     static tl::expected<Arguments, QString> parse(const std::vector<std::string>& words);
+
+    /// The address, where `source` is one of the web rather than a file. It need not be a valid one.
+    static std::optional<QUrl> webAddress(const std::string& source);
 
     /// The text of --help.
     static QString help();

@@ -8,6 +8,7 @@
 #include "commandline/LogFile.h"
 #include "commandline/StandardStreams.h"
 #include "library/FileSystem.h"
+#include "platform/linux/network/NetworkHTTPClient.h"
 #include "remote/ABTestManager.h"
 
 #include <QCoreApplication>
@@ -32,10 +33,14 @@ void launch() {
 int convert(const Arguments& arguments) {
     const auto format = arguments.isJson ? ConversionReport::Format::Json : ConversionReport::Format::Text;
     const bool hasProgressLine = ::isatty(STDERR_FILENO) == 1 && !arguments.isVerbose;
+    HTTPClient::setShared(std::make_shared<NetworkHTTPClient>());
     ConvertCommand command(arguments, ConversionReport(format, hasProgressLine));
     const InterruptSignals interrupt([&command] { command.interrupt(); });
     command.start();
-    return QCoreApplication::exec();
+    const int status = QCoreApplication::exec();
+    // What an interrupt has left on its way goes while there is an application object.
+    HTTPClient::setShared(nullptr);
+    return status;
 }
 
 int convertOrList(const Arguments& arguments) {

@@ -11,17 +11,49 @@ namespace reelsmith {
 
 namespace {
 
+qint64 sizeBytes(const QUrl& file) {
+    std::error_code error;
+    const auto bytes = std::filesystem::file_size(filePath(file), error);
+    return static_cast<qint64>(error ? 0 : bytes);
+}
+
 QString pathText(const QUrl& url) {
     return QString::fromStdString(filePath(url).string());
 }
 
 } // namespace
 
-void ConversionReport::start(const std::string& source, const QUrl& output,
-                             std::optional<qint64> estimatedBytes) {
-    m_line.begin(QString::fromStdString(filePath(output).filename().string()));
+void ConversionReport::begin(const QString& lineName, const std::string& source, const QUrl& output) {
+    m_line.begin(lineName);
     m_conversion = {{QStringLiteral("source"), QString::fromStdString(source)},
                     {QStringLiteral("output"), pathText(output)}};
+}
+
+void ConversionReport::startDownload(const std::string& source, const QUrl& address, const QUrl& output) {
+    begin(QStringLiteral("downloading ") + address.fileName(), source, output);
+    printEvent(QStringLiteral("download"), {});
+}
+
+void ConversionReport::progress(const DownloadProgress& progress) {
+    QVariantMap values{{QStringLiteral("receivedBytes"), progress.receivedBytes}};
+    const std::optional<double> fraction = progress.fractionCompleted();
+    if (fraction) {
+        values.insert(QStringLiteral("expectedBytes"), *progress.expectedBytes);
+        values.insert(QStringLiteral("fraction"), *fraction);
+    }
+    if (m_hasProgressLine)
+        fraction ? m_line.show(*fraction) : m_line.showBytes(progress.receivedBytes);
+    printEvent(QStringLiteral("downloadProgress"), values);
+}
+
+void ConversionReport::downloaded(const QUrl& file) {
+    m_line.clear();
+    printEvent(QStringLiteral("downloaded"), {{QStringLiteral("bytes"), sizeBytes(file)}});
+}
+
+void ConversionReport::start(const std::string& source, const QUrl& output,
+                             std::optional<qint64> estimatedBytes) {
+    begin(QString::fromStdString(filePath(output).filename().string()), source, output);
     QVariantMap values;
     if (estimatedBytes)
         values.insert(QStringLiteral("bytes"), *estimatedBytes);
@@ -36,11 +68,9 @@ void ConversionReport::progress(double fraction) {
 
 void ConversionReport::done(const QUrl& output) {
     m_line.clear();
-    std::error_code error;
-    const auto bytes = std::filesystem::file_size(filePath(output), error);
     if (m_format == Format::Text)
         printLine(filePath(output).string());
-    printEvent(QStringLiteral("done"), {{QStringLiteral("bytes"), static_cast<qint64>(error ? 0 : bytes)}});
+    printEvent(QStringLiteral("done"), {{QStringLiteral("bytes"), sizeBytes(output)}});
 }
 
 void ConversionReport::failed(const QString& reason, const QString& cause) {

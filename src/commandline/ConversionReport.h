@@ -2,6 +2,7 @@
 #pragma once
 
 #include "commandline/ProgressLine.h"
+#include "platform/services/HTTPClient.h"
 
 #include <QUrl>
 #include <QVariantMap>
@@ -10,7 +11,7 @@
 
 namespace reelsmith {
 
-/// Tells on standard output and standard error what becomes of a conversion, for people or, as JSON, for
+/// Tells on standard output and standard error what becomes of a source, for people or, as JSON, for
 /// programs.
 class ConversionReport {
 public:
@@ -19,6 +20,11 @@ public:
     /// `hasProgressLine`: whether people are to see the progress.
     ConversionReport(Format format, bool hasProgressLine)
         : m_format(format), m_hasProgressLine(hasProgressLine) {}
+
+    /// What comes next is about a source on the web, to which the rest applies once it was downloaded.
+    void startDownload(const std::string& source, const QUrl& address, const QUrl& output);
+    void progress(const DownloadProgress& progress);
+    void downloaded(const QUrl& file);
 
     /// `estimatedBytes`: what the result is expected to come to, where known.
     void start(const std::string& source, const QUrl& output, std::optional<qint64> estimatedBytes);
@@ -29,6 +35,7 @@ public:
     void failed(const QString& reason, const QString& cause);
 
 private:
+    void begin(const QString& lineName, const std::string& source, const QUrl& output);
     void printEvent(const QString& event, QVariantMap values) const;
 
     const Format m_format;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "commandline/ProgressLine.h"
 
+#include <QLocale>
 #include <cmath>
 #include <cstdio>
 
@@ -33,7 +34,15 @@ void ProgressLine::begin(const QString& name) {
 
 void ProgressLine::show(double fraction) {
     const auto elapsed = std::chrono::steady_clock::now() - m_begin;
-    print("\r\033[K" + text(m_name, fraction, std::chrono::floor<std::chrono::seconds>(elapsed)).toUtf8());
+    write(text(m_name, fraction, std::chrono::floor<std::chrono::seconds>(elapsed)));
+}
+
+void ProgressLine::showBytes(qint64 bytes) {
+    write(QLocale().formattedDataSize(bytes, 1, QLocale::DataSizeSIFormat) + QStringLiteral("  ") + m_name);
+}
+
+void ProgressLine::write(const QString& text) {
+    print("\r\033[K" + text.toUtf8());
     m_isShown = true;
 }
 

@@ -6,13 +6,17 @@
 
 namespace reelsmith {
 
-/// How far a conversion has come, on one line of a terminal (standard error) that is written over and over.
+/// How far a conversion or a download has come, on one line of a terminal (standard error) that is written
+/// over and over.
 class ProgressLine {
 public:
-    /// Starts the clock for a new conversion.
+    /// Starts the clock anew.
     void begin(const QString& name);
 
     void show(double fraction);
+
+    /// For a download of which it is not known how much is to come.
+    void showBytes(qint64 bytes);
 
     /// Takes the line away.
     void clear();
@@ -22,6 +26,8 @@ public:
     static QString text(const QString& name, double fraction, std::chrono::seconds elapsed);
 
 private:
+    void write(const QString& text);
+
     QString m_name;
     std::chrono::steady_clock::time_point m_begin;
     bool m_isShown = false;

@@ -18,10 +18,15 @@ import subprocess
 import sys
 import tempfile
 import unittest
+import urllib.parse
+
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "../fakes"))
+import web_server  # noqa: E402
 
 PROGRAM = None
 PASSTHROUGH_PROGRAM = None
 SOURCES = None  # made once, never written to
+WEB = None  # a server
 
 
 def ffmpeg(*arguments):
@@ -175,7 +180,7 @@ class CommandLine(unittest.TestCase):
 
     def test_wrong_usage_is_told_and_touches_nothing(self):
         for words in ([], ["clip.mov"], ["convert"], ["convert", "-n", "", "a"], ["convert", "a", "dir/a.mov"],
-                      ["convert", "http://localhost/a.mp4"], ["--nonsense"]):
+                      ["convert", "http://localhost/a.mp4", "a.mov"], ["--nonsense"]):
             status, out, error = self.run_to_end(*words)
             self.assertEqual((status, out), (2, []), words)
             self.assertTrue(error, words)
@@ -184,6 +189,82 @@ class CommandLine(unittest.TestCase):
             status, out, error = self.run_to_end(*words)
             self.assertEqual((status, error), (0, []))
             self.assertTrue(out[0].startswith(first))
+
+    # What comes from the web
+
+    @staticmethod
+    def address(behaviour, argument, name="clip.mov"):
+        return f"http://127.0.0.1:{WEB.server_port}/{behaviour}/{urllib.parse.quote(str(argument), safe='')}/{name}"
+
+    def test_a_video_is_downloaded_converted_and_only_the_result_stays(self):
+        address = self.address("file", SOURCES / "clip.mov", "Holiday%20film.mov?size=large")
+        status, out, error = self.run_to_end("convert", address, SOURCES / "clip.mov")
+        self.assertEqual((status, error), (0, []))
+        self.assertEqual(out, [str(self.outputs / "Holiday film.mp4"), str(self.outputs / "clip.mp4")])
+        self.assert_converted(out[0])
+        self.assertEqual(self.left(), ["Holiday film.mp4", "clip.mp4"])
+
+    def test_programs_are_told_of_the_download(self):
+        address = self.address("file", SOURCES / "clip.mov")
+        status, out, _ = self.run_to_end("convert", "--json", "-n", "x", address)
+        events = [json.loads(line) for line in out]
+        size = (SOURCES / "clip.mov").stat().st_size
+        self.assertEqual([e["event"] for e in events[:4]], ["download", "downloadProgress", "downloaded", "start"])
+        self.assertEqual({key: events[1][key] for key in ("receivedBytes", "expectedBytes", "fraction")},
+                         {"receivedBytes": size, "expectedBytes": size, "fraction": 1})
+        self.assertEqual((events[2]["bytes"], events[-1]["event"]), (size, "done"))
+        for event in events:
+            self.assertEqual((event["source"], event["output"]), (address, str(self.outputs / "x.mp4")))
+
+    def test_a_failed_download_is_told_and_the_next_source_is_taken(self):
+        could_not = "Reelsmith could not download the selected video."
+        for address in (self.address("cut", 1000), "http://", "https://no host/a.mov", self.address("body", 1, "..")):
+            with self.subTest(address=address):
+                status, out, error = self.run_to_end("convert", address, SOURCES / "long.mkv", "-q", "low")
+                self.assertEqual((status, out), (1, [str(self.outputs / "long.mp4")]))
+                self.assertEqual(error, [could_not])
+                self.assertEqual(self.left(), ["long.mp4"])
+
+    def test_an_error_page_is_an_invalid_file(self):
+        self.assert_invalid(self.address("status", 404))
+
+    def test_a_large_body_is_not_held_in_memory(self):
+        self.environment["ASAN_OPTIONS"] = os.environ.get("ASAN_OPTIONS", "") + ":quarantine_size_mb=1"
+        size = 300 * 1024 * 1024
+        process = self.start("convert", self.address("body", size))
+        with process.stdout, process.stderr:
+            self.assertEqual(process.stderr.readline(), "Invalid file\n")
+            _, status, usage = os.wait4(process.pid, 0)
+        process.returncode = os.waitstatus_to_exitcode(status)
+        self.assertEqual(process.returncode, 1)
+        self.assertLess(usage.ru_maxrss * 1024, size / 2)
+
+    def test_an_interrupted_download_leaves_nothing(self):
+        process = self.start("convert", "--json", self.address("half", 1000, "interrupted.mov"))
+        for line in process.stdout:
+            if json.loads(line).get("fraction") == 0.5:
+                break
+        self.assertEqual(len(self.temporaries()), 1)
+        self.run_to_end("list")
+        self.assertEqual(len(self.temporaries()), 1)
+        process.send_signal(signal.SIGINT)
+        process.communicate(timeout=30)
+        self.assertEqual(process.returncode, 130)
+        self.assertEqual(self.left(), [])
+
+    def test_an_interrupted_conversion_takes_its_download_along(self):
+        process = self.start_and_wait_for_progress(self.address("file", SOURCES / "long.mkv", "long.mkv"))
+        process.send_signal(signal.SIGINT)
+        process.communicate(timeout=30)
+        self.assertEqual(process.returncode, 130)
+        self.assertEqual(self.left(), [])
+
+    def test_a_terminal_shows_the_download(self):
+        for behaviour, shown in (("body", r"100 %  .*downloading clip.mov"), ("chunked", r"2\.0 MB  downloading clip.mov")):
+            ours, theirs = pty.openpty()
+            subprocess.run([PROGRAM, "convert", self.address(behaviour, 2000000)], env=self.environment, stderr=theirs,
+                           stdout=subprocess.DEVNULL)
+            self.assertRegex(os.read(ours, 100000).decode(), r"\r\x1b\[K" + shown)
 
     # What bad input gets
 
@@ -314,4 +395,5 @@ if __name__ == "__main__":
     with tempfile.TemporaryDirectory(prefix="reelsmith-sources-") as made:
         SOURCES = pathlib.Path(made)
         make_sources(SOURCES)
+        WEB = web_server.start()
         unittest.main(verbosity=2)
