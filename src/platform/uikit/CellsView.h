@@ -55,6 +55,7 @@ public:
 
     void deselectItem(int number);
 
+    qreal width() const { return m_viewport.width(); } ///< in points
     QAbstractItemModel* cells() { return &m_pool; }
     qreal contentHeight() const { return m_layout.height; }
     int count() const { return static_cast<int>(m_layout.frames.size()); }

@@ -6,6 +6,13 @@
 
 namespace reelsmith {
 
+namespace {
+
+// Thirds and the like do not add up to the whole exactly.
+constexpr qreal tolerance = 0.01;
+
+} // namespace
+
 std::vector<QRectF> UICollectionViewFlowLayout::frames(qreal width, const std::vector<QSizeF>& sizes) const {
     const qreal available = width - sectionInset.left() - sectionInset.right();
     std::vector<QRectF> placed;
@@ -17,7 +24,7 @@ std::vector<QRectF> UICollectionViewFlowLayout::frames(qreal width, const std::v
         std::size_t end = first + 1;
         for (; end < sizes.size(); ++end) {
             const auto gaps = static_cast<qreal>(end - first);
-            if (itemsWidth + sizes[end].width() + gaps * minimumInteritemSpacing > available)
+            if (itemsWidth + sizes[end].width() + gaps * minimumInteritemSpacing > available + tolerance)
                 break;
             itemsWidth += sizes[end].width();
             height = std::max(height, sizes[end].height());
@@ -41,7 +48,7 @@ qreal UICollectionViewFlowLayout::spacing(qreal available, std::size_t count, qr
                                           qreal itemWidth) const {
     const qreal own = count < 2 ? -1 : (available - itemsWidth) / static_cast<qreal>(count - 1);
     const qreal fitting =
-        std::floor((available + minimumInteritemSpacing) / (itemWidth + minimumInteritemSpacing));
+        std::floor((available + minimumInteritemSpacing + tolerance) / (itemWidth + minimumInteritemSpacing));
     if (itemWidth == 0 || fitting < 2)
         return own;
     const qreal ofFullLine = (available - fitting * itemWidth) / (fitting - 1);

@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/screens/UIImagePickerController.h"
+
+#include "platform/screens/UIImagePickerCell.h"
+
+#include <utility>
+
+namespace reelsmith {
+
+namespace {
+
+const QString cellIdentifier = QStringLiteral("video");
+constexpr int columns = 3;
+constexpr qreal gap = 3;
+constexpr int mostKnown = 200;
+
+} // namespace
+
+UIImagePickerController::UIImagePickerController(std::vector<std::filesystem::path> folders)
+    : m_collection(std::move(folders)), m_known(mostKnown) {
+    m_emptyStateView.setHidden(true);
+}
+
+void UIImagePickerController::viewDidLoad() {
+    setTitle(QStringLiteral("Videos"));
+    UICollectionViewFlowLayout layout;
+    layout.minimumLineSpacing = gap;
+    layout.minimumInteritemSpacing = gap;
+    m_collectionView.setCollectionViewLayout(layout);
+    m_collectionView.registerClass<UIImagePickerCell>(cellIdentifier);
+    m_collectionView.setDataSource(this);
+    m_collectionView.setDelegate(this);
+}
+
+void UIImagePickerController::viewWillAppear() {
+    if (m_mediaTypes.contains(kUTTypeMovie))
+        m_collection.read([this](const QList<QUrl>& videos) { show(videos); });
+    else
+        show({});
+}
+
+void UIImagePickerController::show(const QList<QUrl>& videos) {
+    m_videos = videos;
+    m_collectionView.reloadData();
+    m_emptyStateView.setHidden(!m_videos.isEmpty());
+}
+
+int UIImagePickerController::collectionViewNumberOfItemsInSection(UICollectionView&, int) {
+    return static_cast<int>(m_videos.size());
+}
+
+QSizeF UIImagePickerController::collectionViewLayoutSizeForItemAt(UICollectionView& view, const IndexPath&) {
+    const qreal side = (view.width() - (columns - 1) * gap) / columns;
+    return {side, side};
+}
+
+CellsView::Cell UIImagePickerController::collectionViewCellForItemAt(UICollectionView& view,
+                                                                     const IndexPath& path) {
+    CellsView::Cell cell = view.dequeueReusableCell(cellIdentifier);
+    const QUrl& url = m_videos.at(path.item);
+    qobject_cast<UIImagePickerCell*>(cell.get())
+        ->showVideo(url, m_known.object(url), [this, url](const VideoPreview::Facts& facts) {
+            m_known.insert(url, new VideoPreview::Facts(facts));
+        });
+    return cell;
+}
+
+void UIImagePickerController::collectionViewDidSelectItemAt(UICollectionView&, const IndexPath& path) {
+    UIImagePickerControllerDelegate* delegate = m_delegate.get();
+    if (delegate == nullptr || isBeingDismissed())
+        return;
+    delegate->imagePickerControllerDidFinishPickingMediaWithInfo(
+        *this, {{UIImagePickerControllerMediaURL, m_videos.at(path.item)}});
+}
+
+void UIImagePickerController::cancelTapped() {
+    UIImagePickerControllerDelegate* delegate = m_delegate.get();
+    if (delegate != nullptr && !isBeingDismissed())
+        delegate->imagePickerControllerDidCancel(*this);
+}
+
+bool UIImagePickerController::goBack() {
+    cancelTapped();
+    return true;
+}
+
+} // namespace reelsmith

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/screens/VideoPreview.h"
+
+#include "platform/avfoundation/AVAssetImageGenerator.h"
+#include "platform/foundation/DispatchQueue.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace reelsmith {
+
+namespace {
+
+// Enough for a tile to be filled by the shorter side of a wide picture.
+constexpr QSize largestPicture{480, 480};
+constexpr CMTime nearTheStart{1, 2};
+
+VideoPreview::Facts factsOf(const QUrl& url, const std::stop_token& stop) {
+    const AVAsset asset(url);
+    VideoPreview::Facts facts{{}, asset.duration().seconds()};
+    if (stop.stop_requested())
+        return facts;
+    AVAssetImageGenerator generator(asset);
+    generator.appliesPreferredTrackTransform = true;
+    generator.maximumSize = largestPicture;
+    if (const auto image = generator.copyCGImage(nearTheStart))
+        facts.picture = UIImage(*image);
+    return facts;
+}
+
+QString twoDigits(qint64 number) {
+    return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0'));
+}
+
+} // namespace
+
+VideoPreview::VideoPreview(const QUrl& url, Completion completion) {
+    DispatchQueue::global(QualityOfService::UserInitiated)
+        .async([url, stop = m_stop.get_token(), completion = std::move(completion)] {
+            if (stop.stop_requested())
+                return;
+            const Facts facts = factsOf(url, stop);
+            DispatchQueue::main().async([facts, stop, completion] {
+                if (!stop.stop_requested())
+                    completion(facts);
+            });
+        });
+}
+
+QString VideoPreview::durationText(double seconds) {
+    if (seconds <= 0)
+        return {};
+    // What is shorter than a second still lasts.
+    const auto whole = static_cast<qint64>(std::max(std::floor(seconds), 1.0));
+    const QString tail = QLatin1Char(':') + twoDigits(whole % 60);
+    if (whole < 3600)
+        return QString::number(whole / 60) + tail;
+    return QString::number(whole / 3600) + QLatin1Char(':') + twoDigits(whole % 3600 / 60) + tail;
+}
+
+} // namespace reelsmith
