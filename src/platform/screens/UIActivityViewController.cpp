@@ -65,8 +65,13 @@ void UIActivityViewController::showFacts(const VideoPreview::Facts& facts) {
     m_thumbnailImageView.setImage(facts.picture);
 }
 
+void UIActivityViewController::setPopoverSource(const UIViewController& /*screen*/,
+                                                std::optional<QRectF> rectangle) {
+    m_popoverRectangle = rectangle;
+}
+
 QRectF UIActivityViewController::popoverAnchor() const {
-    return m_popover.sourceRect.value_or(QRectF({}, UIScreen::main().size()));
+    return m_popoverRectangle.value_or(QRectF({}, UIScreen::main().size()));
 }
 
 QList<FileSharing::Action> UIActivityViewController::actions() const {
@@ -91,7 +96,6 @@ void UIActivityViewController::perform(int index) {
     const QList<FileSharing::Action> offered = actions();
     if (m_isActing || isBeingDismissed() || index < 0 || index >= offered.size())
         return;
-    m_chosenType = textOf(offered.at(index)).type;
     setActing(true);
     sharing().perform(offered.at(index), m_file,
                       [self = QPointer(this)](FileSharing::Outcome outcome, const QString& error) {
@@ -110,14 +114,12 @@ void UIActivityViewController::finish(FileSharing::Outcome outcome, const QStrin
     if (isBeingDismissed())
         return;
     if (outcome == FileSharing::Outcome::Failed) {
-        m_chosenType.clear();
         auto alert = std::make_unique<UIAlertController>(QStringLiteral("Sharing Failed"), error,
                                                          UIAlertController::Style::Alert);
         alert->addAction(QStringLiteral("ok"), UIAlertController::ActionStyle::Default);
         present(std::move(alert), Animated::Yes);
         return;
     }
-    m_isCompleted = outcome == FileSharing::Outcome::Done;
     dismiss(Animated::Yes);
 }
 
@@ -134,8 +136,8 @@ bool UIActivityViewController::goBack() {
 }
 
 void UIActivityViewController::viewDidDisappear() {
-    if (const CompletionWithItemsHandler handler = std::exchange(m_handler, {}))
-        handler(m_chosenType, m_isCompleted);
+    if (const auto handler = std::exchange(m_handler, {}))
+        handler();
 }
 
 } // namespace reelsmith

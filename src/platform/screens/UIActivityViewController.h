@@ -25,12 +25,6 @@ inline const QString UIActivityTypeCopyToPasteboard = QStringLiteral("CopyToPast
 inline const QString UIActivityTypeAssignToContact = QStringLiteral("AssignToContact");
 inline const QString UIActivityTypeSaveToCameraRoll = QStringLiteral("SaveToCameraRoll");
 
-/// Where a popover points to.
-struct UIPopoverPresentationController {
-    QPointer<UIViewController> sourceView;
-    std::optional<QRectF> sourceRect; ///< in the source's points; nothing for all of it
-};
-
 /// The share sheet: what the desktop can do with a file. A popover on a tablet-class window. Main thread.
 class UIActivityViewController : public UIViewController {
     Q_OBJECT
@@ -43,9 +37,6 @@ class UIActivityViewController : public UIViewController {
     Q_PROPERTY(QRectF popoverAnchor READ popoverAnchor CONSTANT)
 
 public:
-    /// `activityType`: what the user chose, empty for nothing; `isCompleted`: whether that was done.
-    using CompletionWithItemsHandler = std::function<void(const QString& activityType, bool isCompleted)>;
-
     /// Files only; all entries act on the first.
     explicit UIActivityViewController(const QList<QUrl>& items);
     ~UIActivityViewController() override;
@@ -53,9 +44,11 @@ public:
     void setExcludedActivityTypes(const QStringList& types) { m_excludedTypes = types; }
 
     /// Called once, when the sheet has gone, however that came about.
-    void setCompletionWithItemsHandler(CompletionWithItemsHandler handler) { m_handler = std::move(handler); }
+    void setCompletionWithItemsHandler(std::function<void()> handler) { m_handler = std::move(handler); }
 
-    UIPopoverPresentationController& popoverPresentationController() { return m_popover; }
+    /// What a popover points to: a rectangle in the points of a screen, or all of it. All screens stand in
+    /// the same column, so it does not matter which one.
+    void setPopoverSource(const UIViewController& screen, std::optional<QRectF> rectangle = std::nullopt);
     bool isPopover() const { return m_isPopover; }
     QRectF popoverAnchor() const;
 
@@ -92,14 +85,12 @@ private:
     const QUrl m_file;
     const bool m_isPopover;
     QStringList m_excludedTypes;
-    CompletionWithItemsHandler m_handler;
-    UIPopoverPresentationController m_popover;
+    std::function<void()> m_handler;
+    std::optional<QRectF> m_popoverRectangle;
     ImageView m_thumbnailImageView;
     Label m_nameLabel;
     Label m_detailLabel;
     std::unique_ptr<VideoPreview> m_preview;
-    QString m_chosenType;
-    bool m_isCompleted = false;
     bool m_isActing = false;
 };
 

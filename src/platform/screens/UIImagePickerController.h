@@ -24,7 +24,7 @@ class UIImagePickerController : public UIViewController,
     Q_PROPERTY(reelsmith::View* emptyStateView READ emptyStateView CONSTANT)
 
 public:
-    enum class SourceType { PhotoLibrary };
+    enum class SourceType { photoLibrary };
 
     /// Looks for movies where the user keeps them, or in folders named here.
     explicit UIImagePickerController(std::vector<std::filesystem::path> folders = VideoCollection::folders());
@@ -55,7 +55,7 @@ protected:
 private:
     void show(const QList<QUrl>& videos);
 
-    SourceType m_sourceType = SourceType::PhotoLibrary;
+    SourceType m_sourceType = SourceType::photoLibrary;
     QStringList m_mediaTypes;
     WeakDelegate<UIImagePickerControllerDelegate> m_delegate;
     VideoCollection m_collection;

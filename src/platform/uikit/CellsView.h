@@ -77,8 +77,10 @@ protected:
     virtual void didSelect(int number) = 0;
     virtual std::optional<UIContextMenuConfiguration> menu(int /*number*/) { return std::nullopt; }
 
-private:
+    /// Asks for the layout anew; cells in sight stay.
     void layOut();
+
+private:
     void showVisible();
     void show(int number);
     void select(int number);

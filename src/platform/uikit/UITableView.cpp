@@ -11,6 +11,13 @@ qreal UITableViewDelegate::tableViewHeightForRowAt(UITableView& table, const Ind
     return table.rowHeight();
 }
 
+void UITableView::setRowHeight(qreal height) {
+    if (height == m_rowHeight)
+        return;
+    m_rowHeight = height;
+    layOut();
+}
+
 CellsView::Layout UITableView::makeLayout(qreal width) {
     m_rowCounts.clear();
     m_headers.clear();

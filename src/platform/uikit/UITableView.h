@@ -42,6 +42,7 @@ public:
 class UITableView : public CellsView {
     Q_OBJECT
     Q_PROPERTY(QVariantList headers READ headers NOTIFY layoutChanged)
+    Q_PROPERTY(qreal rowHeight READ rowHeight WRITE setRowHeight NOTIFY layoutChanged)
 
 public:
     using CellsView::CellsView;
@@ -51,7 +52,7 @@ public:
 
     /// In points; for rows whose height the delegate leaves open, and for all headers.
     qreal rowHeight() const { return m_rowHeight; }
-    void setRowHeight(qreal height) { m_rowHeight = height; }
+    void setRowHeight(qreal height);
     void setSectionHeaderHeight(qreal height) { m_headerHeight = height; }
 
     void deselectRow(const IndexPath& path, Animated animated);
