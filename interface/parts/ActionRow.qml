@@ -28,8 +28,8 @@ Pressable {
     enabled: isEnabled && !isInformation
     leftPadding: margin
     rightPadding: margin
-    topPadding: Theme.gap8 + Theme.hair
-    bottomPadding: Theme.gap8 + Theme.hair
+    topPadding: Theme.rowPadding
+    bottomPadding: Theme.rowPadding
     radius: margin > 0 ? Theme.cardRadius : Theme.fieldRadius
     Accessible.role: isInformation ? Accessible.StaticText : Accessible.Button
     Accessible.description: note

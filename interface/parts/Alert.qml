@@ -34,7 +34,6 @@ Overlay {
 
         StyledText {
             width: parent.width
-            topPadding: Theme.gap4
             horizontalAlignment: Text.AlignHCenter
             text: dialog.title
             textStyle: Theme.heading
@@ -47,12 +46,10 @@ Overlay {
             textStyle: Theme.message
             color: Theme.inkSoft
         }
-        footer: Grid {
+        footer: ButtonRow {
             id: buttons
 
-            width: parent.width
-            columns: dialog.isStacked ? 1 : 2
-            spacing: dialog.isStacked ? Theme.gap8 : Theme.gap12
+            isStacked: dialog.isStacked
 
             Repeater {
                 model: dialog.actions
@@ -62,7 +59,7 @@ Overlay {
                     required property var modelData
                     required property int index
 
-                    width: dialog.isStacked ? buttons.width : (buttons.width - buttons.spacing) / 2
+                    width: buttons.firstWidth
                     focus: index === 0
                     label: modelData.title
                     kind: modelData.style === "destructive" ? Button.Danger : modelData.style === "cancel" ? Button.Secondary

@@ -17,7 +17,7 @@ Pressable {
     property string iconName
     property real leastHeight: Theme.buttonInSheet
 
-    readonly property color tint: kind === Button.Primary ? Theme.onAccent : kind === Button.Tonal ? Theme.accent
+    readonly property color tint: kind === Button.Primary ? Theme.accentInk : kind === Button.Tonal ? Theme.accent
                                                           : kind === Button.Danger ? Theme.danger : Theme.ink
     readonly property color fill: kind === Button.Primary ? (pressed ? Theme.accentPressed : Theme.accent)
                                                           : kind === Button.Tonal ? Theme.accentSoft

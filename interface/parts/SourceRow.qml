@@ -17,7 +17,7 @@ Pressable {
     topPadding: Theme.gap12
     bottomPadding: Theme.gap12
     radius: Theme.cardRadius
-    ring: isHero ? Theme.onPicture : Theme.accent
+    ring: isHero ? Theme.pictureInk : Theme.accent
     shrinks: true
 
     background: Card {

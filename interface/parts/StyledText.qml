@@ -8,6 +8,8 @@ Text {
     font.pixelSize: textStyle.scaledSize
     font.weight: textStyle.weight
     font.letterSpacing: textStyle.tracking
+    topPadding: textStyle.above
+    bottomPadding: -textStyle.above
     lineHeight: textStyle.scaledLine
     lineHeightMode: Text.FixedHeight
     color: Theme.ink

@@ -28,7 +28,7 @@ T.TextField {
     font.pixelSize: Theme.body.scaledSize
     color: Theme.ink
     selectionColor: Theme.accent
-    selectedTextColor: Theme.onAccent
+    selectedTextColor: Theme.accentInk
     selectByMouse: true
     Accessible.role: Accessible.EditableText
     Accessible.name: label

@@ -35,7 +35,7 @@ QtObject {
     readonly property color accent: isDark ? "#62CFCB" : "#0B666C"
     readonly property color accentPressed: isDark ? "#8ADEDB" : "#074D52"
     readonly property color accentSoft: isDark ? "#17393A" : "#DBEDEC"
-    readonly property color onAccent: isDark ? "#04292B" : "#FFFFFF"
+    readonly property color accentInk: isDark ? "#04292B" : "#FFFFFF"
     readonly property color danger: isDark ? "#FF8F85" : "#B3261E"
     readonly property color dangerSoft: isDark ? "#3B1F1D" : "#FBE7E4"
     readonly property color warn: isDark ? "#F2B968" : "#8A4B08"
@@ -57,7 +57,7 @@ QtObject {
     readonly property color barFill: isDark ? Qt.rgba(0.11, 0.125, 0.125, 0.97) : Qt.rgba(1, 1, 1, 0.97)
     readonly property color pressedVeil: isDark ? Qt.rgba(1, 1, 1, 0.1) : Qt.rgba(0.11, 0.106, 0.094, 0.08)
     readonly property color hoverVeil: isDark ? Qt.rgba(1, 1, 1, 0.04) : Qt.rgba(0.11, 0.106, 0.094, 0.04)
-    readonly property color onPicture: "#FFFFFF"
+    readonly property color pictureInk: "#FFFFFF"
     readonly property color label: Qt.rgba(0, 0, 0, 0.66)
     readonly property color scrimMiddle: Qt.rgba(0, 0, 0, 0.66)
     readonly property color scrimEnd: Qt.rgba(0, 0, 0, 0.74)
@@ -120,6 +120,8 @@ QtObject {
     readonly property int rowGap: 8
     readonly property int groupGap: 28
     readonly property int cardPadding: 16
+    readonly property int rowPadding: 11
+    readonly property int tallRowPadding: 14
     readonly property int sheetPadding: 20
     readonly property int centerCardPadding: 24
     readonly property int sheetMargin: 8

@@ -5,6 +5,8 @@
 #include <QSizeF>
 #include <QtQml/qqmlregistration.h>
 
+class QQmlEngine;
+
 namespace reelsmith {
 
 /// What the looks depend on: the desktop's wishes and the window's size. One for each QML engine, which owns
@@ -26,6 +28,9 @@ class Appearance : public QObject {
 
 public:
     using QObject::QObject;
+
+    /// That of `engine`, which must know where the QML modules are.
+    static Appearance& of(QQmlEngine& engine);
 
     bool isDark() const { return m_isDark; }
     void setDark(bool dark) { assign(m_isDark, dark); }
