@@ -8,5 +8,5 @@ Grid {
     readonly property real wideWidth: Theme.isLargeText ? width : width - spacing - narrowWidth
 
     columns: Theme.isLargeText ? 1 : 2
-    spacing: Theme.gap12
+    spacing: Theme.isLargeText ? Theme.gap8 : Theme.gap12
 }

@@ -29,13 +29,12 @@ Item {
         anchors.left: picture.right
         anchors.leftMargin: Theme.iconTextGap
         anchors.right: close.left
-        anchors.verticalCenter: picture.verticalCenter
+        y: Math.max(0, (picture.height - height) / 2)
 
         StyledText {
             width: parent.width
             text: header.title
             textStyle: Theme.strong
-            wrapMode: Text.WrapAnywhere
             maximumLineCount: 2
             elide: Text.ElideRight
         }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 pragma Singleton
 
-import QtQml
 import QtQuick
 import Reelsmith as App
 
@@ -70,8 +69,6 @@ QtObject {
     readonly property color onboardingInk: "#1C1B18"
     readonly property color onboardingMiddle: Qt.rgba(0.012, 0.078, 0.086, 0.70)
     readonly property color onboardingEnd: Qt.rgba(0.012, 0.078, 0.086, 0.86)
-    readonly property color switchKnob: isDark ? "#111414" : "#FFFFFF"
-    readonly property color switchOff: isDark ? "#5A6160" : "#8B877F"
 
     // What the named colours of the platform are drawn as.
     readonly property color gray: isDark ? "#B9BDBA" : "#4F4C46"
@@ -150,6 +147,7 @@ QtObject {
     readonly property int alertMargin: 32
     readonly property int menuWidth: 230
     readonly property int menuRow: 50
+    readonly property int documentRow: Math.max(60, rowTitle.scaledLine + smallNote.scaledLine + gap16)
     readonly property int popoverWidth: 340
     readonly property int fieldHeight: 52
     readonly property int segmentsHeight: 64
@@ -177,6 +175,9 @@ QtObject {
     readonly property int sheetIconTile: 40
     readonly property int heroIconTile: 48
     readonly property int scrimHeight: 84
+    readonly property real scrimRest: 0.48
+    readonly property int tileNameMargin: 10
+    readonly property int tileNameGap: 6
     readonly property int starSize: 40
     readonly property int starTarget: 56
     readonly property int emptyArtWidth: 210
@@ -202,6 +203,8 @@ QtObject {
     readonly property int centerCardRadius: 24
     readonly property int sheetRadius: 28
     readonly property int labelRadius: 6
+    readonly property int labelMargin: 6
+    readonly property int labelPadding: 7
 
     // Shadows; in the dark a line stands for that of a card.
     readonly property ShadowStyle cardShadow: ShadowStyle {

@@ -106,6 +106,18 @@ Check checkSources(const Arguments& arguments) {
     return {};
 }
 
+tl::expected<Arguments, QString> openArguments(const std::vector<std::string>& words) {
+    Arguments arguments;
+    for (const std::string& word : words) {
+        std::error_code ignored;
+        const QString text = QString::fromStdString(word);
+        if (!text.startsWith(QStringLiteral("file://")) && !std::filesystem::exists(word, ignored))
+            return wrong(QStringLiteral("there is neither a command nor a file ") + text);
+        arguments.sources.push_back(word);
+    }
+    return arguments;
+}
+
 } // namespace
 
 tl::expected<Arguments, QString> Arguments::parse(const std::vector<std::string>& words) {
@@ -123,6 +135,8 @@ tl::expected<Arguments, QString> Arguments::parse(const std::vector<std::string>
         arguments.command = Command::List;
     else if (command.starts_with('-'))
         return wrong(QStringLiteral("there is no option ") + QString::fromStdString(command));
+    else
+        return openArguments(words);
     if (arguments.command != Command::Convert && arguments.command != Command::List)
         return arguments;
 
@@ -147,6 +161,8 @@ std::optional<QUrl> Arguments::webAddress(const std::string& source) {
 QString Arguments::help() {
     return QStringLiteral(R"(Reelsmith turns video files into MP4 files.
 
+reelsmith                         open the window
+reelsmith FILE                    open it, and take FILE as from another application
 reelsmith convert SOURCE...       convert files, one after another; a SOURCE that is an
                                   http or https address is downloaded first
     -q, --quality QUALITY         low, medium (the default) or high

@@ -9,9 +9,11 @@
 #include "commandline/StandardStreams.h"
 #include "library/FileSystem.h"
 #include "platform/linux/network/NetworkHTTPClient.h"
+#include "platform/foundation/OwnPrograms.h"
 #include "remote/ABTestManager.h"
 
 #include <QCoreApplication>
+#include <cerrno>
 #include <csignal>
 #include <unistd.h>
 
@@ -49,6 +51,19 @@ int convertOrList(const Arguments& arguments) {
     return arguments.command == Command::List ? listConvertedVideos(arguments) : convert(arguments);
 }
 
+// The window is a program of its own, so that commands need not load what draws it.
+int openWindow(const Arguments& arguments) {
+    const std::string program = ownProgram(QStringLiteral("reelsmith-window"));
+    std::vector<const char*> words{program.c_str()};
+    for (const std::string& source : arguments.sources)
+        words.push_back(source.c_str());
+    words.push_back(nullptr);
+    ::execv(program.c_str(), const_cast<char* const*>(words.data()));
+    printErrorLine(QStringLiteral("reelsmith: The window cannot be opened: %1: %2")
+                       .arg(QString::fromStdString(program), qt_error_string(errno)));
+    return exitWrongUsage;
+}
+
 int run(const Arguments& arguments) {
     switch (arguments.command) {
     case Command::Help:
@@ -63,9 +78,7 @@ int run(const Arguments& arguments) {
     case Command::Window:
         break;
     }
-    printErrorLine(
-        QStringLiteral("There is no window yet; \"reelsmith --help\" shows what can be done without one."));
-    return exitWrongUsage;
+    return openWindow(arguments);
 }
 
 } // namespace

@@ -30,7 +30,7 @@ public:
     /// Cancels what is under way and ends.
     void interrupt();
 
-    void didUpdateProgress(double) override {}
+    void didUpdateProgress(double) override {} // comes with the bytes
     void didReceiveBytes(const DownloadProgress& progress) override { m_report.progress(progress); }
     ProgressDisplay* progressDisplay() override { return this; }
     void updateProgress(double progress) override { m_report.progress(progress); }

@@ -21,7 +21,7 @@ public:
     /// Removes all visible files of the downloads folder.
     void clearDownloads();
 
-    /// Removes what killed conversions have left half made.
+    /// Removes what killed conversions and downloads have left half made.
     void removeLeftovers();
 
     void deleteVideo(const QUrl& url);

@@ -158,9 +158,7 @@ void QuickHost::slide(UIViewController& moving, UIViewController& other, bool is
     }
     ++m_sliding;
     const qreal begin = isComing ? 1 : 0;
-    std::vector<Movement> movements{
-        {mover, "slide", begin, 1 - begin},
-        {stayer, "slide", begin - 1, -begin}};
+    std::vector<Movement> movements{{mover, "slide", begin, 1 - begin}, {stayer, "slide", begin - 1, -begin}};
     animate(std::move(movements), duration(mover, "appearDuration", isAnimated), QEasingCurve::Linear,
             [this, stack = QPointer(other.navigationController()), done = std::move(done)] {
                 --m_sliding;

@@ -7,18 +7,30 @@
 #include "conversion/VideoConversionViewController.h"
 #include "library/ConvertedVideosViewController.h"
 #include "library/VideosViewController.h"
+#include "platform/screens/UIActivityViewController.h"
+#include "platform/screens/UIDocumentPickerCell.h"
+#include "platform/screens/UIDocumentPickerViewController.h"
+#include "platform/screens/UIImagePickerCell.h"
+#include "platform/screens/UIImagePickerController.h"
 #include "platform/uikit/Button.h"
+#include "platform/uikit/CellsView.h"
 #include "platform/uikit/ImageView.h"
 #include "platform/uikit/Label.h"
 #include "platform/uikit/LayoutConstraint.h"
 #include "platform/uikit/ProgressView.h"
+#include "platform/uikit/ReusableCell.h"
 #include "platform/uikit/SegmentedControl.h"
 #include "platform/uikit/Switch.h"
 #include "platform/uikit/TextField.h"
 #include "platform/uikit/UIAlertController.h"
 #include "platform/uikit/UIBarButtonItem.h"
+#include "platform/uikit/UICollectionView.h"
+#include "platform/uikit/UICollectionViewCell.h"
+#include "platform/uikit/UIContextMenuController.h"
 #include "platform/uikit/UINavigationController.h"
 #include "platform/uikit/UITabBarController.h"
+#include "platform/uikit/UITableView.h"
+#include "platform/uikit/UITableViewCell.h"
 #include "platform/uikit/UIViewController.h"
 #include "platform/uikit/View.h"
 #include "settings/SettingsViewController.h"
@@ -190,6 +202,90 @@ struct URLInputViewControllerForeign {
     QML_FOREIGN(reelsmith::URLInputViewController)
     QML_NAMED_ELEMENT(URLInputViewController)
     QML_UNCREATABLE("Comes with its screen")
+};
+
+struct UIActivityViewControllerForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::UIActivityViewController)
+    QML_NAMED_ELEMENT(UIActivityViewController)
+    QML_UNCREATABLE("Comes with its screen")
+};
+
+struct UIDocumentPickerCellForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::UIDocumentPickerCell)
+    QML_NAMED_ELEMENT(UIDocumentPickerCell)
+    QML_UNCREATABLE("A view's cell")
+};
+
+struct UIDocumentPickerViewControllerForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::UIDocumentPickerViewController)
+    QML_NAMED_ELEMENT(UIDocumentPickerViewController)
+    QML_UNCREATABLE("Comes with its screen")
+};
+
+struct UIImagePickerCellForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::UIImagePickerCell)
+    QML_NAMED_ELEMENT(UIImagePickerCell)
+    QML_UNCREATABLE("A view's cell")
+};
+
+struct UIImagePickerControllerForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::UIImagePickerController)
+    QML_NAMED_ELEMENT(UIImagePickerController)
+    QML_UNCREATABLE("Comes with its screen")
+};
+
+struct CellsViewForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::CellsView)
+    QML_NAMED_ELEMENT(CellsView)
+    QML_UNCREATABLE("A controller's outlet")
+};
+
+struct ReusableCellForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::ReusableCell)
+    QML_NAMED_ELEMENT(ReusableCell)
+    QML_UNCREATABLE("A view's cell")
+};
+
+struct UICollectionViewForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::UICollectionView)
+    QML_NAMED_ELEMENT(UICollectionView)
+    QML_UNCREATABLE("A controller's outlet")
+};
+
+struct UICollectionViewCellForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::UICollectionViewCell)
+    QML_NAMED_ELEMENT(UICollectionViewCell)
+    QML_UNCREATABLE("A view's cell")
+};
+
+struct UIContextMenuControllerForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::UIContextMenuController)
+    QML_NAMED_ELEMENT(UIContextMenuController)
+    QML_UNCREATABLE("Comes with its screen")
+};
+
+struct UITableViewForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::UITableView)
+    QML_NAMED_ELEMENT(UITableView)
+    QML_UNCREATABLE("A controller's outlet")
+};
+
+struct UITableViewCellForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::UITableViewCell)
+    QML_NAMED_ELEMENT(UITableViewCell)
+    QML_UNCREATABLE("A view's cell")
 };
 
 } // namespace reelsmith

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/avfoundation/WorkerProcess.h"
 
-#include <QCoreApplication>
-#include <QFileInfo>
+#include "platform/foundation/OwnPrograms.h"
+
 #include <array>
 #include <cerrno>
 #include <chrono>
@@ -31,20 +31,8 @@ constexpr std::chrono::milliseconds dyingTime{1000};
 
 std::string chosenProgram;
 
-std::string findProgram() {
-    if (!chosenProgram.empty())
-        return chosenProgram;
-    const QString folder = QCoreApplication::applicationDirPath();
-    const QString name = QStringLiteral("/reelsmith-media-worker");
-    for (const QString& candidate : {
-             folder + name,
-             folder + QStringLiteral("/../libexec") + name,
-             folder + QStringLiteral("/../libexec/reelsmith") + name,
-         }) {
-        if (QFileInfo(candidate).isExecutable())
-            return candidate.toStdString();
-    }
-    return REELSMITH_LIBEXEC_FOLDER + name.toStdString();
+std::string workerProgram() {
+    return chosenProgram.empty() ? ownProgram(QStringLiteral("reelsmith-media-worker")) : chosenProgram;
 }
 
 /// The attributes and file actions of a spawn, freed with it.
@@ -92,7 +80,7 @@ void WorkerProcess::setProgram(const std::string& path) {
 }
 
 Result<std::unique_ptr<WorkerProcess>> WorkerProcess::start(Role role) {
-    const std::string program = findProgram();
+    const std::string program = workerProgram();
     const QString what = QStringLiteral("cannot start the media worker ") + QString::fromStdString(program);
     try {
         auto [ours, theirs] = Channel::makePair();

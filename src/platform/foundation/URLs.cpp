@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/foundation/URLs.h"
 
+#include <QRegularExpression>
+
 namespace reelsmith {
 
 namespace {
@@ -41,6 +43,20 @@ QStringList pathComponents(const QUrl& url) {
     if (path.startsWith(QLatin1Char('/')))
         components.prepend(QStringLiteral("/"));
     return components;
+}
+
+// QUrl's strict mode lets some letters pass that RFC 3986 has no place for, hence the grammar's own look
+// first: brackets belong to the host alone.
+std::optional<QUrl> urlFromString(const QString& text) {
+    static const QRegularExpression grammar(QStringLiteral(
+        R"(\A(?:[A-Za-z][A-Za-z0-9+.-]*:)?(?://(?:(?:[\w.~!$&'()*+,;=:-]|%[0-9A-Fa-f]{2})*@)?)"
+        R"((?:\[[0-9A-Fa-f:.]+\]|(?:[\w.~!$&'()*+,;=-]|%[0-9A-Fa-f]{2})*)(?::[0-9]*)?(?=[/?#]|\z))?)"
+        R"((?:[\w.~!$&'()*+,;=:@/-]|%[0-9A-Fa-f]{2})*(?:\?(?:[\w.~!$&'()*+,;=:@/?-]|%[0-9A-Fa-f]{2})*)?)"
+        R"((?:#(?:[\w.~!$&'()*+,;=:@/?-]|%[0-9A-Fa-f]{2})*)?\z)"));
+    const QUrl url(text, QUrl::StrictMode);
+    if (text.isEmpty() || !url.isValid() || !grammar.match(text).hasMatch())
+        return std::nullopt;
+    return url;
 }
 
 } // namespace reelsmith

@@ -4,6 +4,7 @@
 #include <QStringList>
 #include <QUrl>
 #include <filesystem>
+#include <optional>
 
 /// Files as URLs. A file name is a row of bytes: names that are no valid UTF-8 survive the way to a URL and
 /// back.
@@ -22,5 +23,9 @@ QUrl appendingPathComponent(const QUrl& url, const QString& component);
 
 /// The parts of the path: a leading "/", then each name. Empty for a URL without a path.
 QStringList pathComponents(const QUrl& url);
+
+/// The URL, relative or not, that `text` spells out by RFC 3986's own letters: nothing is trimmed, mended or
+/// encoded. None for any other text, an empty one too.
+std::optional<QUrl> urlFromString(const QString& text);
 
 } // namespace reelsmith

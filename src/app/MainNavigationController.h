@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/uikit/UINavigationController.h"
+
+namespace reelsmith {
+
+/// The stack of screens in each tab.
+class MainNavigationController : public UINavigationController {
+    Q_OBJECT
+
+public:
+    using UINavigationController::UINavigationController;
+
+protected:
+    void viewDidLoad() override;
+};
+
+} // namespace reelsmith

@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "window/WindowApplication.h"
+
+#include "platform/foundation/OngoingWork.h"
+#include "platform/linux/network/NetworkHTTPClient.h"
+#include "platform/uikit/UIAlertController.h"
+#include "platform/uikit/UIApplication.h"
+#include "platform/uikit/UIScreen.h"
+#include "window/Appearance.h"
+#include "window/IconProvider.h"
+#include "window/ShadowProvider.h"
+
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QQmlComponent>
+
+namespace reelsmith {
+
+namespace {
+
+constexpr QSize designedSize{390, 844};
+
+} // namespace
+
+WindowApplication::WindowApplication()
+    : m_platform(id), m_appearance(&Appearance::of(m_engine)), m_factory(m_engine) {
+    m_engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    m_engine.addImageProvider(QStringLiteral("icon"), new IconProvider);
+    m_engine.addImageProvider(QStringLiteral("shadow"), new ShadowProvider);
+    setUpPlatform();
+    auto window = std::make_unique<UIWindow>();
+    m_host = std::make_unique<QuickHost>(m_quickWindow, *window, m_factory);
+    UIApplication::shared().setKeyWindow(window.get());
+    m_delegate = std::make_unique<AppDelegate>(std::move(window), Services::Backends{});
+    followDesktop();
+    followWindow();
+}
+
+WindowApplication::~WindowApplication() {
+    // The screens go before what shows them.
+    m_delegate.reset();
+    PlatformServices::install({});
+    HTTPClient::setShared(nullptr);
+}
+
+void WindowApplication::setUpPlatform() {
+    UIApplication& application = UIApplication::shared();
+    application.setSleepInhibitor(std::move(m_platform.sleepInhibitor));
+    application.setIdleInhibitor(std::move(m_platform.idleInhibitor));
+    application.setLinkOpener(m_platform.linkOpener);
+    PlatformServices::install(std::move(m_platform.services));
+    HTTPClient::setShared(std::make_shared<NetworkHTTPClient>());
+}
+
+void WindowApplication::followDesktop() {
+    DesktopAppearance& desktop = *m_platform.appearance;
+    desktop.setObserver([this, &desktop] {
+        const DesktopAppearance::Settings& wishes = desktop.settings();
+        m_appearance->setDark(wishes.isDark);
+        m_appearance->setTextScale(wishes.textScale);
+        m_appearance->setReducesMotion(wishes.reducesMotion);
+    });
+}
+
+void WindowApplication::followWindow() {
+    m_quickWindow.setTitle(QStringLiteral("Reelsmith"));
+    m_quickWindow.resize(designedSize);
+    m_quickWindow.installEventFilter(this);
+    const auto tellSize = [this] {
+        const QSizeF size = m_quickWindow.size();
+        m_appearance->setWindowSize(size);
+        UIScreen::main().setWindowSize(size);
+    };
+    connect(&m_quickWindow, &QWindow::widthChanged, this, tellSize);
+    connect(&m_quickWindow, &QWindow::heightChanged, this, tellSize);
+    tellSize();
+    connect(&m_quickWindow, &QWindow::activeChanged, this,
+            [this] { UIApplication::shared().setActive(m_quickWindow.isActive()); });
+}
+
+void WindowApplication::launch(const QList<QUrl>& files) {
+    m_quickWindow.show();
+    m_delegate->didFinishLaunchingWithOptions();
+    open(files);
+}
+
+void WindowApplication::activate() {
+    m_quickWindow.show();
+    m_quickWindow.raise();
+    m_quickWindow.requestActivate();
+}
+
+void WindowApplication::open(const QList<QUrl>& files) {
+    for (const QUrl& file : files) {
+        if (file.isLocalFile())
+            m_delegate->open(file);
+    }
+}
+
+bool WindowApplication::eventFilter(QObject* /*watched*/, QEvent* event) {
+    if (event->type() == QEvent::Close) {
+        event->setAccepted(mayClose());
+        return !event->isAccepted();
+    }
+    if (event->type() != QEvent::KeyPress)
+        return false;
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    return (key == Qt::Key_Escape || key == Qt::Key_Back) && m_delegate->window()->goBack();
+}
+
+bool WindowApplication::mayClose() {
+    UIViewController* const root = m_delegate->window()->rootViewController();
+    if (m_isStopping || root == nullptr || !OngoingWork::isAny())
+        return true;
+    auto question = std::make_unique<UIAlertController>(QStringLiteral("Stop converting?"),
+                                                        QStringLiteral("The video is not ready yet."),
+                                                        UIAlertController::Style::Alert);
+    question->addAction(QStringLiteral("stop"), UIAlertController::ActionStyle::Destructive,
+                        [this] { stopAndClose(); });
+    question->addAction(QStringLiteral("keep converting"), UIAlertController::ActionStyle::Cancel);
+    root->present(std::move(question), Animated::Yes);
+    return false;
+}
+
+void WindowApplication::stopAndClose() {
+    m_isStopping = true;
+    m_quickWindow.close();
+}
+
+} // namespace reelsmith
