@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Reelsmith as App
+
+/// The root of what stands for one item in a CollectionView: a tap and a long press go to `item`, its cell. The view
+/// has the keyboard, not its items; `ringInset` moves the ring that shows it inwards.
+Pressable {
+    id: control
+
+    required property App.ReusableCell item
+    property real ringInset: 0
+
+    focusPolicy: Qt.NoFocus
+    Accessible.role: Accessible.ListItem
+    onClicked: item.tap()
+    onPressAndHold: item.openMenu(mapToItem(null, -item.frame.x, -item.frame.y))
+
+    FocusRing {
+        anchors.margins: control.ringInset - Theme.focusDistance - Theme.focusWidth
+        inner: control.radius
+        ring: control.ring
+        visible: control.item.isCurrent
+    }
+}
