@@ -24,6 +24,8 @@ constexpr uint prefersDark = 1;
 } // namespace
 
 PortalAppearance::PortalAppearance(const QDBusConnection& sessionBus) : m_bus(sessionBus) {
+    // Unknown by name until the first variant has come, and a slot that takes one cannot be connected before.
+    qRegisterMetaType<QDBusVariant>();
     const QDBusMessage portal = PortalRequest::message({}, {});
     m_bus.connect(portal.service(), portal.path(), PortalRequest::interfaceName(QStringLiteral("Settings")),
                   QStringLiteral("SettingChanged"), this,

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/PortalLinkOpener.h"
 
+#include "platform/linux/MimeHandlers.h"
 #include "platform/linux/PortalRequest.h"
 
 #include <QDesktopServices>
@@ -9,8 +10,11 @@
 namespace reelsmith {
 
 void PortalLinkOpener::open(const QUrl& url, Completion completion) {
-    PortalRequest::Call call{QStringLiteral("OpenURI"), QStringLiteral("OpenURI"), {}, {}, m_limit};
+    PortalRequest::Call call{QStringLiteral("OpenURI"), QStringLiteral("OpenURI"), {}, {}, {}};
     call.arguments = {QString::fromLatin1(url.toEncoded())};
+    // Where there is a program, the portal may first ask the user whether to take it.
+    if (!mimehandlers::isAnyFor(QStringLiteral("x-scheme-handler/") + url.scheme()))
+        call.limit = m_limit;
     PortalRequest::send(
         m_bus, call,
         [url, completion = std::move(completion)](const PortalRequest::Answer& answer) {

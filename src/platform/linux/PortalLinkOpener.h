@@ -13,7 +13,8 @@ namespace reelsmith {
 /// QGuiApplication.
 class PortalLinkOpener : public LinkOpener {
 public:
-    /// `limit`: how long the portal may take. One that finds no program for an address never answers.
+    /// `limit`: how long the portal may take where no program for an address is known here. It may know one
+    /// all the same, but if it does not it never answers.
     explicit PortalLinkOpener(const QDBusConnection& sessionBus,
                               std::chrono::milliseconds limit = std::chrono::seconds(5))
         : m_bus(sessionBus), m_limit(limit) {}
