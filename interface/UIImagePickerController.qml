@@ -32,25 +32,10 @@ Screen {
         view: screen.controller.collectionView
         label: screen.controller.title
     }
-    Column {
+    EmptyState {
         anchors.verticalCenter: parent.verticalCenter
-        x: Theme.sideMargin
-        width: parent.width - 2 * x
         visible: !screen.controller.emptyStateView.isHidden
-        spacing: Theme.gap8
-
-        StyledText {
-            width: parent.width
-            horizontalAlignment: Text.AlignHCenter
-            text: "No videos here"
-            textStyle: Theme.heading
-        }
-        StyledText {
-            width: parent.width
-            horizontalAlignment: Text.AlignHCenter
-            text: "Record one or copy it to Videos or Pictures."
-            textStyle: Theme.note
-            color: Theme.inkSoft
-        }
+        title: "No videos here"
+        message: "Record one or copy it to Videos or Pictures."
     }
 }

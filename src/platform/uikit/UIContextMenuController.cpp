@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/uikit/UIContextMenuController.h"
 
-#include "platform/uikit/ReusableCell.h"
 #include "platform/uikit/UIApplication.h"
 #include "platform/uikit/UIImpactFeedbackGenerator.h"
 #include "platform/uikit/UIWindow.h"
@@ -10,6 +9,15 @@
 #include <utility>
 
 namespace reelsmith {
+
+namespace {
+
+// Our own drawing of an image of the platform.
+QString iconName(const QString& systemImage) {
+    return systemImage == QLatin1String("square.and.arrow.up") ? QStringLiteral("share") : systemImage;
+}
+
+} // namespace
 
 void UIContextMenuController::show(UIContextMenuConfiguration configuration, ReusableCell& cell,
                                    const QRectF& cellFrame) {
@@ -35,14 +43,14 @@ QVariantList UIContextMenuController::actions() const {
     for (const UIAction& action : m_configuration.actions) {
         list.append(QVariantMap{
             {QStringLiteral("title"), action.title},
-            {QStringLiteral("image"), action.systemImage},
+            {QStringLiteral("icon"), iconName(action.systemImage)},
             {QStringLiteral("isDestructive"), action.style == UIAction::Style::Destructive},
         });
     }
     return list;
 }
 
-QObject* UIContextMenuController::cell() const {
+ReusableCell* UIContextMenuController::cell() const {
     return m_cell;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/uikit/ReusableCell.h"
 #include "platform/uikit/UIContextMenuConfiguration.h"
 #include "platform/uikit/UIViewController.h"
 
@@ -9,13 +10,11 @@
 
 namespace reelsmith {
 
-class ReusableCell;
-
 /// An open context menu, with the cell that it belongs to lifted beside it. Main thread.
 class UIContextMenuController : public UIViewController {
     Q_OBJECT
     Q_PROPERTY(QVariantList actions READ actions CONSTANT)
-    Q_PROPERTY(QObject* cell READ cell CONSTANT)
+    Q_PROPERTY(reelsmith::ReusableCell* cell READ cell CONSTANT)
     Q_PROPERTY(QRectF cellFrame READ cellFrame CONSTANT)
 
 public:
@@ -26,13 +25,16 @@ public:
     UIContextMenuController(UIContextMenuConfiguration configuration, ReusableCell& cell,
                             const QRectF& cellFrame);
 
-    /// For each action: "title", "image" and "isDestructive".
+    /// For each action: "title", "icon" and "isDestructive".
     QVariantList actions() const;
-    QObject* cell() const; ///< null once it is gone
+    ReusableCell* cell() const; ///< null once it is gone
     const QRectF& cellFrame() const { return m_cellFrame; }
 
     /// Chooses the action at `index`. Nothing happens once the menu is going.
     Q_INVOKABLE void press(int index);
+
+    /// Leaves without a choice.
+    Q_INVOKABLE bool goBack() override { return UIViewController::goBack(); }
 
 private:
     const UIContextMenuConfiguration m_configuration;
