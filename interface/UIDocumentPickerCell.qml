@@ -13,7 +13,7 @@ CellButton {
     label: cell.nameLabel.text
     Accessible.description: cell.detailLabel.text
     radius: Theme.fieldRadius
-    ringInset: Theme.focusDistance
+    ringMargin: Theme.focusDistance
     leftPadding: Theme.sideMargin
     rightPadding: Theme.sideMargin
 

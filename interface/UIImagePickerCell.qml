@@ -14,7 +14,7 @@ CellButton {
     Accessible.description: cell.durationLabel.text
     radius: 0
     ring: Theme.pictureInk
-    ringInset: Theme.focusDistance
+    ringMargin: Theme.focusDistance
     shrinks: true
 
     Picture {
