@@ -39,6 +39,7 @@ function(reelsmith_library name)
     target_link_libraries(${name} PUBLIC reelsmith_options ${LIBRARY_LINKS})
     if(LIBRARY_QT)
         set_target_properties(${name} PROPERTIES AUTOMOC ON)
+        qt_extract_metatypes(${name}) # so that the QML tools know its classes
         target_precompile_headers(${name} REUSE_FROM precompiled)
     endif()
 endfunction()

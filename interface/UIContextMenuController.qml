@@ -8,11 +8,9 @@ ContextMenu {
     id: menu
 
     required property App.UIContextMenuController controller
-    readonly property rect cellFrame: controller.cellFrame
 
     label: controller.title
-    anchorRect: Qt.rect(cellFrame.x - (width - Math.min(width, Theme.columnWidth)) / 2, cellFrame.y, cellFrame.width,
-        cellFrame.height)
+    anchorRect: controller.cellFrame
     actions: controller.actions
     onChosen: index => controller.press(index)
     onDimTapped: controller.goBack()

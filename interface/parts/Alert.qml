@@ -46,10 +46,12 @@ Overlay {
             textStyle: Theme.message
             color: Theme.inkSoft
         }
-        footer: ButtonRow {
+        footer: Grid {
             id: buttons
 
-            isStacked: dialog.isStacked
+            width: parent.width
+            columns: dialog.isStacked ? 1 : 2
+            spacing: dialog.isStacked ? Theme.gap8 : Theme.gap12
 
             Repeater {
                 model: dialog.actions
@@ -59,7 +61,7 @@ Overlay {
                     required property var modelData
                     required property int index
 
-                    width: buttons.firstWidth
+                    width: dialog.isStacked ? buttons.width : (buttons.width - buttons.spacing) / 2
                     focus: index === 0
                     label: modelData.title
                     kind: modelData.style === "destructive" ? Button.Danger : modelData.style === "cancel" ? Button.Secondary

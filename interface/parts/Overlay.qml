@@ -17,6 +17,7 @@ FocusScope {
     default property alias content: stage.data
 
     readonly property real arrival: 1 - Math.pow(1 - presence, 3)
+    readonly property real columnLeft: stage.x
 
     signal dimTapped
 

@@ -18,7 +18,7 @@ QtObject {
     readonly property int scaledLine: Math.round(line * scale)
 
     // What a line is higher than its letters, half of which belongs above them.
-    readonly property real above: (scaledLine - metrics.height) / 2
+    readonly property int above: Math.round((scaledLine - metrics.height) / 2)
     readonly property FontMetrics metrics: FontMetrics {
         font.pixelSize: style.scaledSize
         font.weight: style.weight

@@ -6,7 +6,8 @@ Convert {
     BottomSheet {
         anchors.fill: parent
         gap: Theme.gap20
-        header: MediaHeader {
+        header: SheetHeader {
+            width: parent.width
             pictureSize: 76
             title: "Familienfest 60. Geburtstag Oma Ingrid – alle Reden ungekürzt.mov"
             note: "03:12 · 3,840x2,160 · 1.24 GB"

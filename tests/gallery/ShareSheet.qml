@@ -5,7 +5,8 @@ import Reelsmith.Parts
 Convert {
     BottomSheet {
         anchors.fill: parent
-        header: MediaHeader {
+        header: SheetHeader {
+            width: parent.width
             pictureSize: 64
             title: "Familienfest 60.mp4"
             note: "03:12 · 37.6 MB"

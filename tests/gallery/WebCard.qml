@@ -42,19 +42,19 @@ Convert {
             textStyle: Theme.smallNote
             color: Theme.inkSoft
         }
-        footer: ButtonRow {
+        footer: ButtonPair {
             id: buttons
 
-            firstShare: 0.4
+            width: parent.width
 
             Button {
-                width: buttons.firstWidth
+                width: buttons.narrowWidth
                 label: "Cancel"
                 kind: Button.Secondary
                 leastHeight: Theme.buttonInCard
             }
             Button {
-                width: buttons.secondWidth
+                width: buttons.wideWidth
                 label: "Download"
                 iconName: "download"
                 leastHeight: Theme.buttonInCard
