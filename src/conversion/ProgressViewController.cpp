@@ -2,7 +2,6 @@
 #include "conversion/ProgressViewController.h"
 
 #include "conversion/RemainingTime.h"
-#include "library/ConvertedVideo.h"
 #include "platform/foundation/Console.h"
 #include "platform/foundation/DispatchQueue.h"
 #include "platform/foundation/FatalError.h"
@@ -57,10 +56,8 @@ void ProgressViewController::setFile(const QString& name, const std::optional<QU
     m_fileNameLabel.setText(name);
     if (!video)
         return;
-    ConvertedVideo(*video).thumbnail([self = QPointer(this)](const UIImage& image) {
-        if (self)
-            self->m_thumbImageView.setImage(image);
-    });
+    m_preview.emplace(*video,
+                      [this](const VideoPreview::Facts& facts) { m_thumbImageView.setImage(facts.picture); });
 }
 
 void ProgressViewController::updateProgress(double progress) {

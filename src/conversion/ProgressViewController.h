@@ -3,6 +3,7 @@
 
 #include "conversion/ProgressDisplay.h"
 #include "platform/foundation/WeakDelegate.h"
+#include "platform/screens/VideoPreview.h"
 #include "platform/uikit/ImageView.h"
 #include "platform/uikit/Label.h"
 #include "platform/uikit/ProgressView.h"
@@ -81,6 +82,7 @@ private:
     ImageView m_thumbImageView;
     const DisplayMode m_displayMode;
     std::chrono::steady_clock::time_point m_begin = std::chrono::steady_clock::now();
+    std::optional<VideoPreview> m_preview;
     WeakDelegate<ProgressViewControllerDelegate> m_delegate;
 };
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sources/ConversionQualityViewController.h"
 
-#include "library/ConvertedVideo.h"
 #include "library/FileSystem.h"
 #include "platform/foundation/FatalError.h"
 #include "platform/foundation/URLs.h"
@@ -41,10 +40,8 @@ void ConversionQualityViewController::viewDidLoad() {
         if (self)
             self->showDetails(details);
     });
-    ConvertedVideo(m_videoURL).thumbnail([self = QPointer(this)](const UIImage& image) {
-        if (self)
-            self->m_thumbImageView.setImage(image);
-    });
+    m_preview.emplace(m_videoURL,
+                      [this](const VideoPreview::Facts& facts) { m_thumbImageView.setImage(facts.picture); });
 }
 
 void ConversionQualityViewController::viewWillAppear() {

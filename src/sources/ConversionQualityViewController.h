@@ -3,6 +3,7 @@
 
 #include "conversion/ConversionQuality.h"
 #include "platform/foundation/WeakDelegate.h"
+#include "platform/screens/VideoPreview.h"
 #include "platform/uikit/ImageView.h"
 #include "platform/uikit/Label.h"
 #include "platform/uikit/ModalScreenDelegate.h"
@@ -12,7 +13,7 @@
 #include "sources/SourceDetails.h"
 
 #include <QUrl>
-#include <array>
+#include <optional>
 
 namespace reelsmith {
 
@@ -85,6 +86,7 @@ private:
     ConversionQuality m_quality = ConversionQuality::low;
     const QUrl m_videoURL;
     SourceDetails m_details;
+    std::optional<VideoPreview> m_preview;
     WeakDelegate<QualityPickerDelegate> m_delegate;
 };
 

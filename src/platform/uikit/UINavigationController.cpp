@@ -43,7 +43,7 @@ void UINavigationController::pushViewController(std::unique_ptr<UIViewController
     m_queue.add([this, held, animated](const TransitionQueue::Done& done) {
         UIViewController* const below = topViewController();
         UIViewController* const pushed = held->get();
-        const bool isSeen = isVisible();
+        const bool isSeen = isIn();
         put(std::move(*held));
         pushed->loadViewIfNeeded();
         if (isSeen) {
@@ -93,7 +93,7 @@ void UINavigationController::pop(UIViewController& screen, Animated animated,
         std::make_move_iterator(first), std::make_move_iterator(m_stack.end()));
     m_stack.erase(first, m_stack.end());
     UIViewController* const uncovered = topViewController();
-    const bool isSeen = isVisible();
+    const bool isSeen = isIn();
     if (isSeen) {
         going.back()->beginAppearanceTransition(false);
         uncovered->beginAppearanceTransition(true);
@@ -125,12 +125,7 @@ void UINavigationController::release(std::vector<std::unique_ptr<UIViewControlle
 void UINavigationController::setRootViewController(std::unique_ptr<UIViewController> root) {
     auto released = std::exchange(m_stack, {});
     put(std::move(root));
-    if (isVisible()) {
-        released.back()->beginAppearanceTransition(false);
-        m_stack.back()->beginAppearanceTransition(true);
-        released.back()->endAppearanceTransition();
-        m_stack.back()->endAppearanceTransition();
-    }
+    visibleChildChanged(*released.back(), *m_stack.back());
     emit stackChanged();
     release(std::move(released));
 }

@@ -37,15 +37,9 @@ void UITabBarController::setSelectedIndex(int index) {
         return;
     UIViewController* const old = selectedViewController();
     m_selectedIndex = index;
-    UIViewController* const now = selectedViewController();
-    if (isVisible()) {
-        now->beginAppearanceTransition(true);
-        old->beginAppearanceTransition(false);
-    }
+    visibleChildChanged(*old, *selectedViewController());
     emit selectedIndexChanged();
     emit tabsChanged();
-    now->endAppearanceTransition();
-    old->endAppearanceTransition();
 }
 
 QStringList UITabBarController::tabTitles() const {

@@ -111,8 +111,7 @@ void UIViewController::loadViewIfNeeded() {
 }
 
 void UIViewController::beginAppearanceTransition(bool isAppearing) {
-    const bool isIn = m_appearance == Appearance::Appeared || m_appearance == Appearance::Appearing;
-    if (isIn == isAppearing)
+    if (isIn() == isAppearing)
         return;
     if (isAppearing)
         loadViewIfNeeded();
@@ -135,6 +134,17 @@ void UIViewController::endAppearanceTransition() {
     }
     if (UIViewController* child = visibleChild())
         child->endAppearanceTransition();
+}
+
+void UIViewController::visibleChildChanged(UIViewController& old, UIViewController& now) {
+    if (isIn()) {
+        now.beginAppearanceTransition(true);
+        old.beginAppearanceTransition(false);
+    }
+    // While the container itself is on its way, its own end is that of the screen that it shows.
+    if (m_appearance == Appearance::Appeared)
+        now.endAppearanceTransition();
+    old.endAppearanceTransition();
 }
 
 void UIViewController::setToolbarItems(std::vector<std::unique_ptr<UIBarButtonItem>> items) {

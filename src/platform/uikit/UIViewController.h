@@ -112,7 +112,12 @@ protected:
     /// The screen that a container shows now.
     virtual UIViewController* visibleChild() const { return nullptr; }
     void adopt(UIViewController& child) { child.m_parent = this; }
-    void disown(UIViewController& child) { child.m_parent = nullptr; }
+    /// Whether this screen is seen or coming into sight.
+    bool isIn() const {
+        return m_appearance == Appearance::Appearing || m_appearance == Appearance::Appeared;
+    }
+    /// Tells both that a container shows `now` from here on instead of `old`, at whatever turn it is itself.
+    void visibleChildChanged(UIViewController& old, UIViewController& now);
 
 private:
     enum class Appearance { Disappeared, Appearing, Appeared, Disappearing };

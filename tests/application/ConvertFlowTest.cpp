@@ -1,0 +1,344 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Support.h"
+
+#include "app/AppDelegate.h"
+#include "app/MainTabBarController.h"
+#include "conversion/VideoConversionViewController.h"
+#include "fakes/ScriptedHTTPClient.h"
+#include "platform/foundation/OngoingWork.h"
+#include "platform/screens/UIActivityViewController.h"
+#include "platform/uikit/UIAlertController.h"
+#include "platform/uikit/UINavigationController.h"
+#include "platform/uikit/UIScreen.h"
+#include "settings/UserSettings.h"
+
+#include <QCoreApplication>
+#include <random>
+
+using namespace reelsmith;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QByteArray goodScript = "export write result\n";
+const QByteArray badScript = "export fail no video in it\n";
+const QString failedTitle = u"Conversion Failed"_s;
+
+/// The application as the user has it, but that nothing is drawn.
+class ConvertFlow : public ApplicationTest {
+protected:
+    ConvertFlow() {
+        HTTPClient::setShared(m_web);
+        UserSettings::shared().setAchievedSuccess(false);
+        m_delegate.didFinishLaunchingWithOptions();
+        runLoopUntil([this] { return m_console.lines().contains(u"Fetched remote settings"_s); });
+        AppFileOpener::setPendingURL(std::nullopt);
+        m_launchLines = m_console.lines().size();
+    }
+    ~ConvertFlow() override { HTTPClient::setShared(nullptr); }
+
+    UIWindow& window() { return *m_delegate.window(); }
+    MainTabBarController& tabs() {
+        return *qobject_cast<MainTabBarController*>(window().rootViewController());
+    }
+    VideoConversionViewController& screen() {
+        auto* stack = qobject_cast<UINavigationController*>(tabs().viewControllers().front());
+        return *qobject_cast<VideoConversionViewController*>(stack->topViewController());
+    }
+    bool isIdle() { return window().presentations().isIdle(); }
+    bool settle() {
+        return runLoopUntil([this] { return isIdle(); });
+    }
+
+    /// The screen in front, once it is one of this kind and takes input; null if it never is.
+    template<typename Screen>
+    Screen* await() {
+        Screen* found = nullptr;
+        runLoopUntil([&] {
+            found = qobject_cast<Screen*>(window().frontmost());
+            return found != nullptr && isIdle() && !found->isBeingDismissed();
+        });
+        return found;
+    }
+    bool isAtHome() {
+        return runLoopUntil([this] { return isIdle() && window().frontmost() == &tabs(); });
+    }
+
+    void enterAddress(const QString& address) {
+        screen().videoURLTapped();
+        auto* card = await<URLInputViewController>();
+        ASSERT_NE(card, nullptr);
+        card->textField()->setText(address);
+        card->downloadTapped();
+    }
+    ProgressViewController* convert(const QString& name) {
+        auto* card = await<ConversionQualityViewController>();
+        card->filenameTextField()->setText(name);
+        card->convertTapped();
+        card->convertTapped(); // a double tap
+        return await<ProgressViewController>();
+    }
+    QUrl waiting(const QString& name) {
+        return file(name, "export progress 0.5\nexport await " + m_folder.filePath(u"mark"_s).toUtf8() +
+                              "\nexport write result\n");
+    }
+    /// Presses the only button of the alert in front; answers its message.
+    QString dismissAlert(const QString& title) {
+        auto* alert = await<UIAlertController>();
+        if (alert == nullptr || alert->title() != title || alert->actions().size() != 1)
+            return u"no such alert"_s;
+        EXPECT_EQ(alert->actions().front().toMap().value(u"title"_s), u"ok"_s);
+        const QString message = alert->message();
+        alert->press(0);
+        return message;
+    }
+    QStringList linesWithoutProgress() const {
+        QStringList lines = m_console.lines().mid(m_launchLines);
+        lines.removeIf([](const QString& line) {
+            return line == u"Sending value"_s || line.startsWith(u"GOT VALUE: "_s);
+        });
+        return lines;
+    }
+
+    std::shared_ptr<ScriptedHTTPClient> m_web = std::make_shared<ScriptedHTTPClient>();
+    AppDelegate m_delegate{std::make_unique<UIWindow>(),
+                           {m_services.remoteConfig, m_services.installations, m_services.analytics}};
+    qsizetype m_launchLines = 0;
+};
+
+} // namespace
+
+TEST_F(ConvertFlow, TheLaunchPrintsItsLinesAndEmptiesTheDownloads) {
+    const QStringList lines = m_console.lines();
+    EXPECT_EQ(lines.mid(0, 2),
+              (QStringList{u"Compatible experiments: |3|"_s, u"Instantiated videos vc with default"_s}));
+    EXPECT_TRUE(lines.contains(m_delegate.memento()));
+    EXPECT_EQ(tabs().tabTitles(), (QStringList{u"Convert to MP4"_s, u"Converted Videos"_s, u"Settings"_s}));
+    EXPECT_EQ(tabs().tabImages(), (QStringList{u"convert"_s, u"converted"_s, u"settings"_s}));
+    EXPECT_EQ(static_cast<int>(m_delegate.supportedInterfaceOrientations()), 2);
+    m_delegate.setRestrictRotation(false);
+    EXPECT_EQ(static_cast<int>(m_delegate.supportedInterfaceOrientations()), 30);
+}
+
+TEST_F(ConvertFlow, AWebAddressEndsInTheShareSheet) {
+    enterAddress(u"https://example.org/films/clip.mp4?x=1"_s);
+    auto* downloading = await<ProgressViewController>();
+    ASSERT_NE(downloading, nullptr);
+    EXPECT_EQ(downloading->titleLabel()->text(), u"Downloading"_s);
+    ASSERT_TRUE(runLoopUntil([this] { return m_web->isBusy(); }));
+    m_web->report(12'400'000, std::nullopt);
+    EXPECT_TRUE(downloading->progressVIew()->isIndeterminate());
+    EXPECT_EQ(downloading->progressLabel()->text(), QString());
+    EXPECT_EQ(downloading->remainingLabel()->text(), u"12.4 MB"_s);
+    m_web->report(12'400'000, 80'000'000);
+    ASSERT_TRUE(runLoopUntil([&] { return downloading->progressLabel()->text() == u"15%"_s; }));
+    EXPECT_EQ(downloading->remainingLabel()->text(), u"12.4 MB of 80.0 MB"_s);
+    m_web->finish(goodScript);
+
+    auto* card = await<ConversionQualityViewController>();
+    ASSERT_NE(card, nullptr);
+    EXPECT_EQ(card->filenameTextField()->text(), u"clip"_s);
+    ASSERT_NE(convert(u"result"_s), nullptr);
+    auto* sheet = await<UIActivityViewController>();
+    ASSERT_NE(sheet, nullptr);
+    EXPECT_EQ(outputs(), QStringList{u"result.mp4"_s});
+    EXPECT_EQ(screen().converter(), nullptr);
+    sheet->cancelTapped();
+    EXPECT_TRUE(isAtHome());
+    EXPECT_EQ(linesWithoutProgress().join(u'\n').toStdString(),
+              (QStringList{u"Download success... Converting Video"_s, u"Passthrough enabled: false"_s,
+                           u"Playable: true"_s, u"Exportable: true"_s, u"ENDED"_s, u"Shared"_s})
+                  .join(u'\n')
+                  .toStdString());
+}
+
+TEST_F(ConvertFlow, CancelTakesTheCardAwayAndTheSuccessStillOpensTheShareSheet) {
+    m_delegate.open(waiting(u"clip.mov"_s));
+    auto* card = convert(u"result"_s);
+    ASSERT_NE(card, nullptr);
+    ASSERT_TRUE(runLoopUntil([card] { return card->progressLabel()->text() == u"50%"_s; }));
+    EXPECT_TRUE(m_console.lines().contains(u"GOT VALUE: 0.5"_s));
+    EXPECT_TRUE(screen().stillConvertingView()->isHidden());
+    card->cancelTapped();
+    ASSERT_TRUE(isAtHome());
+    EXPECT_EQ(screen().progressController(), nullptr);
+    EXPECT_NE(screen().converter(), nullptr);
+    EXPECT_FALSE(screen().stillConvertingView()->isHidden());
+    file(u"mark"_s);
+    auto* sheet = await<UIActivityViewController>();
+    ASSERT_NE(sheet, nullptr);
+    EXPECT_TRUE(screen().stillConvertingView()->isHidden());
+    window().goBack();
+    EXPECT_TRUE(isAtHome());
+}
+
+TEST_F(ConvertFlow, AFileHandedOverComesUpOverTheURLCardWhichKeepsItsText) {
+    screen().videoURLTapped();
+    auto* address = await<URLInputViewController>();
+    ASSERT_NE(address, nullptr);
+    address->textField()->setText(u"https://example.org/"_s);
+    EXPECT_TRUE(m_delegate.open(file(u"Clip.MOV"_s, goodScript)));
+    EXPECT_FALSE(m_delegate.open(file(u"movie.webm"_s)));
+    ASSERT_NE(convert(u"handed"_s), nullptr);
+    auto* sheet = await<UIActivityViewController>();
+    ASSERT_NE(sheet, nullptr);
+    sheet->cancelTapped();
+    EXPECT_EQ(await<URLInputViewController>(), address);
+    EXPECT_EQ(address->textField()->text(), u"https://example.org/"_s);
+    address->downloadTapped();
+    EXPECT_EQ(dismissAlert(u"Invalid URL"_s),
+              u"The URL should be valid and link directly to a video asset"_s);
+    ASSERT_EQ(await<URLInputViewController>(), address);
+    address->cancelTapped();
+    EXPECT_TRUE(isAtHome());
+}
+
+TEST_F(ConvertFlow, AFailedConversionSaysWhyInTwoLines) {
+    m_delegate.open(file(u"clip.mov"_s, badScript));
+    ASSERT_NE(convert(u"result"_s), nullptr);
+    EXPECT_EQ(dismissAlert(failedTitle),
+              u"Reelsmith could not convert the selected video.\nReason: Invalid file"_s);
+    EXPECT_TRUE(isAtHome());
+    EXPECT_EQ(screen().converter(), nullptr);
+}
+
+TEST_F(ConvertFlow, AFailedDownloadSaysSoWhetherItsCardIsThereOrNot) {
+    for (const bool isCancelled : {false, true}) {
+        enterAddress(u"clip.mp4"_s);
+        auto* card = await<ProgressViewController>();
+        ASSERT_NE(card, nullptr);
+        ASSERT_TRUE(runLoopUntil([this] { return m_web->isBusy(); }));
+        if (isCancelled) {
+            card->cancelTapped();
+            card->cancelTapped();
+            ASSERT_TRUE(isAtHome());
+        }
+        m_web->fail();
+        EXPECT_EQ(dismissAlert(failedTitle), u"Reelsmith could not download the selected video."_s);
+        EXPECT_TRUE(isAtHome());
+    }
+    EXPECT_TRUE(m_console.lines().contains(
+        u"Error: The operation couldn’t be completed. (VideoDownloader.DownloadError error 0.)"_s));
+}
+
+TEST_F(ConvertFlow, ASecondConversionTakesThePlaceOfTheFirstWhoseFileStillAppears) {
+    m_delegate.open(waiting(u"first.mov"_s));
+    auto* first = convert(u"first"_s);
+    ASSERT_NE(first, nullptr);
+    ASSERT_TRUE(runLoopUntil([first] { return first->progressLabel()->text() == u"50%"_s; }));
+    m_delegate.open(file(u"second.mov"_s, goodScript)); // while the first one's card is up
+    convert(u"second"_s);
+    auto* sheet = await<UIActivityViewController>();
+    ASSERT_NE(sheet, nullptr);
+    sheet->cancelTapped();
+    ASSERT_TRUE(isAtHome());
+    file(u"mark"_s);
+    EXPECT_TRUE(runLoopUntil([] { return outputs() == QStringList{u"first.mp4"_s, u"second.mp4"_s}; }));
+    EXPECT_EQ(m_console.lines().count(u"ENDED"_s), 1);
+}
+
+TEST_F(ConvertFlow, AScreenThatIsGoneIsNotCalledBack) {
+    m_delegate.open(waiting(u"clip.mov"_s));
+    ASSERT_NE(convert(u"result"_s), nullptr);
+    enterAddress(u"https://example.org/clip.mp4"_s);
+    ASSERT_TRUE(runLoopUntil([this] { return m_web->isBusy(); }));
+    window().setRootViewController(std::make_unique<UIViewController>());
+    m_web->finish(goodScript);
+    file(u"mark"_s);
+    ASSERT_TRUE(runLoopUntil([] { return !OngoingWork::isAny(); }));
+    EXPECT_TRUE(window().presentations().screens().empty());
+}
+
+TEST_F(ConvertFlow, TheNameCardProposesANameAndWantsOne) {
+    const QString next = u"converted_%1"_s.arg(UserSettings::shared().conversionCount() + 1);
+    const std::map<QString, QString> proposals{{u"trim.5D1A.MOV"_s, next},
+                                               {u"Trim.MOV"_s, u"Trim"_s},
+                                               {u"holiday.trip.mov"_s, u"holiday"_s},
+                                               {u".hidden.mov"_s, QString()}};
+    for (const auto& [source, name] : proposals) {
+        m_delegate.open(file(source));
+        auto* card = await<ConversionQualityViewController>();
+        ASSERT_NE(card, nullptr);
+        EXPECT_EQ(card->filenameTextField()->text(), name);
+        EXPECT_EQ(card->quality(), ConversionQuality::low);
+        card->qualitySegmentedView()->setSelectedSegmentIndex(2);
+        card->qualityTapped();
+        if (name.isEmpty()) {
+            card->convertTapped();
+            EXPECT_EQ(dismissAlert(u"Error"_s), u"You must enter a valid output name"_s);
+            ASSERT_EQ(await<ConversionQualityViewController>(), card);
+        }
+        EXPECT_EQ(card->quality(), ConversionQuality::high);
+        card->requestDismiss();
+        ASSERT_TRUE(isAtHome());
+    }
+}
+
+TEST_F(ConvertFlow, TheNameCardTellsSizesAndWhatItWouldReplace) {
+    write(inOutputs(u"taken.mp4"_s), "old");
+    m_delegate.open(file(u"clip.mov"_s, goodScript));
+    auto* card = await<ConversionQualityViewController>();
+    ASSERT_NE(card, nullptr);
+    ASSERT_TRUE(runLoopUntil([card] { return card->estimates().first() != u"–"_s; }));
+    EXPECT_TRUE(card->sourceDetailsLabel()->text().startsWith(u"00:03 · "_s));
+    EXPECT_TRUE(card->warningLabel()->isHidden());
+    card->filenameTextField()->setText(u"taken"_s);
+    EXPECT_FALSE(card->warningLabel()->isHidden());
+    EXPECT_EQ(card->warningLabel()->text(), u"Replaces the video that has this name now"_s);
+}
+
+TEST_F(ConvertFlow, OnASmallScreenTheTopOffsetGoes) {
+    EXPECT_EQ(screen().topConstraint()->constant(), 20);
+    UIScreen::main().setWindowSize({320, 568});
+    tabs().setSelectedIndex(1);
+    tabs().setSelectedIndex(0);
+    EXPECT_EQ(screen().topConstraint()->constant(), 0);
+    UIScreen::main().setWindowSize({390, 844});
+}
+
+// Taps on whatever is in front, hand-overs and ends of runs, in any order: nothing hangs, and home is
+// reached.
+TEST_F(ConvertFlow, AnyOrderOfTapsHandOversAndEndsLeadsHome) {
+    const QUrl good = file(u"good.mov"_s, goodScript);
+    const QUrl bad = file(u"bad.mov"_s, badScript);
+    for (unsigned seed = 0; seed < 12; ++seed) {
+        SCOPED_TRACE(seed);
+        std::mt19937 random(seed);
+        const auto tap = [&](UIViewController* front) {
+            if (front->isBeingDismissed())
+                return;
+            if (auto* address = qobject_cast<URLInputViewController*>(front)) {
+                address->textField()->setText(random() % 4 == 0 ? u"no"_s : u"https://example.org/a.mp4"_s);
+                random() % 4 == 0 ? address->cancelTapped() : address->downloadTapped();
+            } else if (auto* quality = qobject_cast<ConversionQualityViewController*>(front)) {
+                random() % 5 == 0 ? quality->requestDismiss() : quality->convertTapped();
+            } else if (front != &tabs()) {
+                window().goBack();
+            } else if (random() % 4 == 0) {
+                tabs().setSelectedIndex(static_cast<int>(random() % 3));
+            } else {
+                screen().videoURLTapped();
+            }
+        };
+        for (int step = 0; step < 120; ++step) {
+            const auto choice = random() % 10;
+            if (choice < 5)
+                tap(window().frontmost());
+            else if (choice == 5)
+                m_delegate.open(random() % 2 == 0 ? good : bad);
+            else if (choice == 6 && m_web->isBusy())
+                random() % 3 == 0 ? m_web->fail() : m_web->finish(random() % 2 == 0 ? goodScript : badScript);
+            else
+                QCoreApplication::processEvents(QEventLoop::AllEvents);
+        }
+        ASSERT_TRUE(runLoopUntil([&] {
+            if (m_web->isBusy())
+                m_web->fail();
+            if (isIdle() && window().frontmost() != &tabs() && !window().goBack())
+                ADD_FAILURE() << "there is no way back";
+            return isIdle() && window().frontmost() == &tabs() && !m_web->isBusy() && !OngoingWork::isAny() &&
+                   screen().converter() == nullptr;
+        }));
+        tabs().setSelectedIndex(0);
+    }
+}
