@@ -17,6 +17,14 @@ FolderListing::Entry place(const QString& name, const QString& path) {
     return {QUrl::fromLocalFile(path), name, true, 0, {}};
 }
 
+// As people count: "film 9" before "film 10". The C locale cannot do that.
+QCollator naturalOrder() {
+    const QLocale locale = QLocale::system();
+    QCollator collator(locale.language() == QLocale::C ? QLocale(QLocale::English) : locale);
+    collator.setNumericMode(true);
+    return collator;
+}
+
 } // namespace
 
 FolderListing::Entries FolderListing::places() {
@@ -41,8 +49,7 @@ FolderListing::Entries FolderListing::list(const std::filesystem::path& folder, 
         entries.append(
             {fileUrl(item->path()), info.fileName(), info.isDir(), info.size(), info.lastModified()});
     }
-    QCollator collator;
-    collator.setNumericMode(true);
+    QCollator collator = naturalOrder();
     std::ranges::sort(entries, [&collator](const Entry& one, const Entry& other) {
         return one.isFolder != other.isFolder ? one.isFolder : collator.compare(one.name, other.name) < 0;
     });
