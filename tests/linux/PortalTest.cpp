@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "linux/DesktopTest.h"
-#include "linux/UserFile.h"
 
 #include "platform/linux/AppStreamPage.h"
+#include "platform/linux/PortalAppearance.h"
 #include "platform/linux/PortalDocumentChooser.h"
 #include "platform/linux/PortalFilter.h"
 #include "platform/linux/PortalLinkOpener.h"
@@ -15,40 +15,41 @@ using namespace reelsmith;
 
 namespace {
 
-using std::chrono::hours;
 using std::chrono::milliseconds;
+using Answer = DocumentChooser::Answer;
+using Chosen = std::pair<Answer, QUrl>;
 
-const QString chooseFile = QStringLiteral("org.freedesktop.portal.FileChooser.OpenFile");
-const QString openUri = QStringLiteral("org.freedesktop.portal.OpenURI.OpenURI");
-const QString composeEmail = QStringLiteral("org.freedesktop.portal.Email.ComposeEmail");
+constexpr auto chooseFile = "org.freedesktop.portal.FileChooser.OpenFile";
+constexpr auto openUri = "org.freedesktop.portal.OpenURI.OpenURI";
 
 class Portal : public DesktopTest {
 protected:
-    struct Chosen {
-        DocumentChooser::Answer answer;
-        QUrl file;
-        bool operator==(const Chosen&) const = default;
-    };
-
     void choose() {
-        m_chooser->choose(
-            QStringLiteral("Choose a video"),
-            {{QStringLiteral("Videos"), {QStringLiteral("*.mkv")}, {QStringLiteral("video/mp4")}}},
-            [this](DocumentChooser::Answer answer, const QUrl& file) {
-                m_chosen.append({answer, file});
-            });
+        m_chooser->choose("Choose a video", {{"Videos", {"*.mkv"}, {"video/mp4"}}},
+                          [this](Answer answer, const QUrl& file) {
+                              m_chosen.append({answer, file});
+                          });
         EXPECT_TRUE(m_chosen.isEmpty());
     }
-    bool isChosen() {
-        return runLoopUntil([this] { return !m_chosen.isEmpty(); });
+    QList<Chosen> chosen() {
+        EXPECT_TRUE(runLoopUntil([this] { return !m_chosen.isEmpty(); }));
+        return std::exchange(m_chosen, {});
+    }
+    bool isCalled(const QString& method, int count = 1) {
+        return runLoopUntil([&] { return m_desktop.calls(method).size() == count; });
     }
 
-    bool open(LinkOpener& links, const QUrl& url) {
-        std::optional<bool> result;
-        links.open(url, [&result](bool isOpened) { result = isOpened; });
-        EXPECT_FALSE(result);
-        EXPECT_TRUE(runLoopUntil([&result] { return result.has_value(); }));
-        return result.value_or(false);
+    // What `begin` completes with.
+    template<typename Result>
+    static Result end(const std::function<void(std::function<void(Result)>)>& begin) {
+        std::optional<Result> end;
+        begin([&end](Result result) { end = result; });
+        EXPECT_FALSE(end);
+        EXPECT_TRUE(runLoopUntil([&end] { return end.has_value(); }));
+        return end.value_or(Result());
+    }
+    static bool open(LinkOpener& links, const QUrl& url) {
+        return end<bool>([&](auto completion) { links.open(url, completion); });
     }
 
     std::unique_ptr<DocumentChooser> m_chooser = std::make_unique<PortalDocumentChooser>(m_client);
@@ -59,39 +60,32 @@ protected:
 class UrlHandler : public QObject {
     Q_OBJECT
 public:
-    UrlHandler() { QDesktopServices::setUrlHandler(QStringLiteral("https"), this, "take"); }
-    ~UrlHandler() override { QDesktopServices::unsetUrlHandler(QStringLiteral("https")); }
-    QList<QUrl> urls;
+    UrlHandler() { QDesktopServices::setUrlHandler("https", this, "take"); }
+    ~UrlHandler() override { QDesktopServices::unsetUrlHandler("https"); }
+    int count = 0;
 public slots:
-    void take(const QUrl& url) { urls.append(url); }
+    void take(const QUrl&) { ++count; }
 };
 
 } // namespace
 
 TEST_F(Portal, TheChooserTellsPickedFromCancelledFromUnavailable) {
-    const QUrl picked(QStringLiteral("file:///videos/a%20film.mkv"));
-    const QVariantMap uris{{QStringLiteral("uris"), QStringList{picked.toString(QUrl::FullyEncoded)}}};
+    const QVariantMap uris{{"uris", QStringList{"file:///videos/a%20film.mkv"}}};
     const struct {
-        const char* name;
         uint code;
         QVariantMap results;
         Chosen expected;
-    } cases[] = {
-        {"picked", 0, uris, {DocumentChooser::Answer::Picked, picked}},
-        {"picked nothing", 0, {}, {DocumentChooser::Answer::Cancelled, {}}},
-        {"cancelled", 1, uris, {DocumentChooser::Answer::Cancelled, {}}},
-        {"failed", 2, {}, {DocumentChooser::Answer::Unavailable, {}}},
-    };
+    } cases[] = {{0, uris, {Answer::Picked, QUrl("file:///videos/a%20film.mkv")}},
+                 {0, {}, {Answer::Cancelled, {}}},
+                 {1, uris, {Answer::Cancelled, {}}},
+                 {2, {}, {Answer::Unavailable, {}}}};
     choose();
-    EXPECT_TRUE(isChosen());
-    EXPECT_EQ(m_chosen, (QList<Chosen>{{DocumentChooser::Answer::Unavailable, {}}})) << "without a portal";
+    EXPECT_EQ(chosen(), (QList<Chosen>{{Answer::Unavailable, {}}})) << "without a portal";
     m_desktop.appear(portal);
     for (const auto& each : cases) {
-        m_chosen.clear();
         m_desktop.answerRequest(chooseFile, each.code, each.results);
         choose();
-        EXPECT_TRUE(isChosen());
-        EXPECT_EQ(m_chosen, QList<Chosen>{each.expected}) << each.name;
+        EXPECT_EQ(chosen(), QList<Chosen>{each.expected}) << each.code;
     }
 }
 
@@ -99,136 +93,105 @@ TEST_F(Portal, TheChooserIsAskedForTheKindsOfFilesWhateverTheirCase) {
     m_desktop.appear(portal);
     m_desktop.answerRequest(chooseFile, 1);
     choose();
-    EXPECT_TRUE(isChosen());
-    const QDBusMessage call = m_desktop.calls(QStringLiteral("OpenFile")).value(0);
-    EXPECT_EQ(call.signature(), QStringLiteral("ssa{sv}"));
-    EXPECT_EQ(call.arguments().value(1), QStringLiteral("Choose a video"));
-    const auto options = qdbus_cast<QVariantMap>(call.arguments().value(2));
-    const auto argument = options.value(QStringLiteral("filters")).value<QDBusArgument>();
-    EXPECT_EQ(argument.currentSignature(), QStringLiteral("a(sa(us))"));
+    chosen();
+    EXPECT_EQ(m_desktop.argument("OpenFile", 1), "Choose a video");
+    const auto argument = m_desktop.option("OpenFile", "filters").value<QDBusArgument>();
+    EXPECT_EQ(argument.currentSignature(), "a(sa(us))");
     const auto filters = qdbus_cast<QList<PortalFilter>>(argument);
-    ASSERT_EQ(filters.size(), 1);
-    EXPECT_EQ(filters[0].name, QStringLiteral("Videos"));
-    ASSERT_EQ(filters[0].rules.size(), 2);
-    EXPECT_EQ(filters[0].rules[0].text, QStringLiteral("*.[mM][kK][vV]"));
+    ASSERT_TRUE(filters.size() == 1 && filters[0].rules.size() == 2);
+    EXPECT_EQ(filters[0].name, "Videos");
+    EXPECT_EQ(filters[0].rules[0].text, "*.[mM][kK][vV]");
     EXPECT_EQ(filters[0].rules[0].isMimeType, 0U);
-    EXPECT_EQ(filters[0].rules[1].text, QStringLiteral("video/mp4"));
+    EXPECT_EQ(filters[0].rules[1].text, "video/mp4");
     EXPECT_EQ(filters[0].rules[1].isMimeType, 1U);
 }
 
-TEST_F(Portal, ADialogIsTakenAwayWhenCancelledOrNoLongerWanted) {
+TEST_F(Portal, ADialogIsTakenAwayWhenCancelledOrNoLongerWantedAndEndsWithItsPortal) {
     m_desktop.appear(portal);
-    m_desktop.acceptRequest(chooseFile);
+    m_desktop.answerRequest(chooseFile, std::nullopt);
     choose();
-    ASSERT_TRUE(runLoopUntil([this] { return m_desktop.isCalled(QStringLiteral("OpenFile")); }));
+    ASSERT_TRUE(isCalled("OpenFile"));
     m_chooser->cancel();
-    EXPECT_TRUE(isChosen());
-    EXPECT_EQ(m_chosen, (QList<Chosen>{{DocumentChooser::Answer::Cancelled, {}}}));
-    ASSERT_TRUE(runLoopUntil([this] { return m_desktop.isCalled(QStringLiteral("Close")); }));
-    const QString request = m_desktop.calls(QStringLiteral("Close"))[0].path();
-    EXPECT_TRUE(request.startsWith(QLatin1String("/org/freedesktop/portal/desktop/request/")))
-        << qPrintable(request);
+    EXPECT_EQ(chosen(), (QList<Chosen>{{Answer::Cancelled, {}}}));
+    ASSERT_TRUE(isCalled("Close"));
+    const QString token = m_desktop.option("OpenFile", "handle_token").toString();
+    EXPECT_TRUE(m_desktop.calls("Close")[0].path().endsWith('/' + token));
 
-    m_chosen.clear();
+    choose();
+    ASSERT_TRUE(isCalled("OpenFile", 2));
+    m_desktop.vanish(portal);
+    EXPECT_EQ(chosen(), (QList<Chosen>{{Answer::Unavailable, {}}}));
+
+    m_desktop.appear(portal);
     choose();
     m_chooser.reset();
-    EXPECT_TRUE(runLoopUntil([this] { return m_desktop.calls(QStringLiteral("Close")).size() == 2; }));
+    EXPECT_TRUE(isCalled("Close", 2));
     EXPECT_TRUE(m_chosen.isEmpty());
 }
 
-TEST_F(Portal, ADialogWhosePortalEndsIsUnavailable) {
-    m_desktop.appear(portal);
-    m_desktop.acceptRequest(chooseFile);
-    choose();
-    ASSERT_TRUE(runLoopUntil([this] { return m_desktop.isCalled(QStringLiteral("OpenFile")); }));
-    m_desktop.vanish(portal);
-    EXPECT_TRUE(isChosen());
-    EXPECT_EQ(m_chosen, (QList<Chosen>{{DocumentChooser::Answer::Unavailable, {}}}));
-}
-
-TEST_F(Portal, ALinkThatThePortalLeavesUnansweredIsOpenedByTheDesktopsTools) {
-    const QUrl url(QStringLiteral("https://example.org/a%20b?c"));
+TEST_F(Portal, ALinkThatThePortalCannotOpenIsOpenedByTheDesktopsTools) {
+    const QUrl url("https://example.org/a%20b?c");
     UrlHandler tools;
-    PortalLinkOpener patient(m_client, hours(1));
-    EXPECT_TRUE(open(patient, url)) << "without a portal";
-    EXPECT_EQ(tools.urls, QList<QUrl>{url});
-
+    PortalLinkOpener links(m_client, milliseconds(1));
+    EXPECT_TRUE(open(links, url)) << "without a portal";
+    EXPECT_EQ(tools.count, 1);
     m_desktop.appear(portal);
-    m_desktop.answerRequest(openUri, 0);
-    EXPECT_TRUE(open(patient, url));
-    EXPECT_EQ(m_desktop.calls(QStringLiteral("OpenURI"))[0].arguments().value(1),
-              url.toString(QUrl::FullyEncoded));
+    m_desktop.answerRequest(openUri, std::nullopt);
+    EXPECT_TRUE(open(links, url)) << "never answered";
+    EXPECT_EQ(tools.count, 2);
+    EXPECT_TRUE(isCalled("Close"));
     m_desktop.answerRequest(openUri, 1);
-    EXPECT_FALSE(open(patient, url)) << "the user chose no program";
-    EXPECT_EQ(tools.urls.size(), 1);
-
-    m_desktop.acceptRequest(openUri);
-    PortalLinkOpener impatient(m_client, milliseconds(1));
-    EXPECT_TRUE(open(impatient, url));
-    EXPECT_EQ(tools.urls.size(), 2);
-    EXPECT_TRUE(runLoopUntil([this] { return m_desktop.isCalled(QStringLiteral("Close")); }));
+    EXPECT_FALSE(open(links, url)) << "no program was chosen";
+    m_desktop.answerRequest(openUri, 0);
+    EXPECT_TRUE(open(links, url));
+    EXPECT_EQ(m_desktop.argument("OpenURI", 1), "https://example.org/a%20b?c");
+    EXPECT_EQ(tools.count, 2);
 }
 
 TEST_F(Portal, AUserWhoIsAskedWhetherToTakeAKnownProgramHasAllTheTime) {
-    const UserFile program(QStringLiteral("data/applications/browser.desktop"), "");
-    const UserFile associations(QStringLiteral("config/mimeapps.list"),
-                                "[Default Applications]\nx-scheme-handler/https=browser.desktop\n");
+    writeFile(m_home.filePath("DATA_HOME/applications/store.desktop"), "");
+    writeFile(m_home.filePath("CONFIG_HOME/mimeapps.list"),
+              "[Default Applications]\nx-scheme-handler/appstream=store.desktop\n");
     m_desktop.appear(portal);
-    m_desktop.acceptRequest(openUri);
-    PortalLinkOpener links(m_client, milliseconds(1));
-    std::optional<bool> isOpened;
-    links.open(QUrl(QStringLiteral("https://example.org")), [&isOpened](bool result) { isOpened = result; });
+    m_desktop.answerRequest(openUri, std::nullopt);
+    AppStreamPage page(std::make_shared<PortalLinkOpener>(m_client, milliseconds(1)), "io.example.App");
     int ticks = 0;
     QTimer clock;
-    QObject::connect(&clock, &QTimer::timeout, [&ticks] { ++ticks; });
+    QObject::connect(&clock, &QTimer::timeout, [&] {
+        if (++ticks == 50)
+            m_desktop.respond(m_desktop.calls("OpenURI").value(0), 0);
+    });
     clock.start(1);
-    ASSERT_TRUE(runLoopUntil([&ticks] { return ticks > 50; }));
-    EXPECT_FALSE(isOpened);
-    m_desktop.respond(m_desktop.calls(QStringLiteral("OpenURI")).value(0), 0);
-    EXPECT_TRUE(runLoopUntil([&isOpened] { return isOpened.has_value(); }));
-    EXPECT_TRUE(isOpened.value_or(false));
-}
-
-TEST_F(Portal, TheStorePageIsALinkToTheApplicationsIdentifier) {
-    m_desktop.appear(portal);
-    m_desktop.answerRequest(openUri, 0);
-    AppStreamPage page(std::make_shared<PortalLinkOpener>(m_client), QStringLiteral("io.example.App"));
-    std::optional<bool> isShown;
-    page.open([&isShown](bool isOpened) { isShown = isOpened; });
-    EXPECT_TRUE(runLoopUntil([&isShown] { return isShown.has_value(); }));
-    EXPECT_TRUE(isShown.value_or(false));
-    EXPECT_EQ(m_desktop.calls(QStringLiteral("OpenURI"))[0].arguments().value(1),
-              QStringLiteral("appstream:io.example.App"));
+    EXPECT_TRUE(end<bool>([&page](auto completion) { page.open(completion); }));
+    EXPECT_GE(ticks, 50);
+    EXPECT_EQ(m_desktop.argument("OpenURI", 1), "appstream:io.example.App");
 }
 
 TEST_F(Portal, AMailBecomesADraftByThePortalOrByALink) {
+    using Outcome = MailDrafts::Outcome;
     m_desktop.appear(portal);
     m_desktop.answerRequest(openUri, 0);
     PortalMailDrafts drafts(m_client, std::make_shared<PortalLinkOpener>(m_client));
-    const struct {
-        uint code;
-        MailDrafts::Outcome expected;
-    } cases[] = {{0, MailDrafts::Outcome::Saved},
-                 {1, MailDrafts::Outcome::Cancelled},
-                 {2, MailDrafts::Outcome::Saved}};
-    for (const auto& each : cases) {
-        m_desktop.answerRequest(composeEmail, each.code);
-        std::optional<MailDrafts::Outcome> outcome;
-        drafts.compose(
-            {{QStringLiteral("a+b@example.org")}, QStringLiteral("It & them"), QStringLiteral("Hi\n")},
-            [&outcome](MailDrafts::Outcome result) { outcome = result; });
-        EXPECT_TRUE(runLoopUntil([&outcome] { return outcome.has_value(); }));
-        EXPECT_EQ(outcome, each.expected) << each.code;
+    const std::pair<uint, Outcome> cases[] = {
+        {0, Outcome::Saved}, {1, Outcome::Cancelled}, {2, Outcome::Saved}};
+    for (const auto& [code, expected] : cases) {
+        m_desktop.answerRequest("org.freedesktop.portal.Email.ComposeEmail", code);
+        EXPECT_EQ(end<Outcome>([&drafts](auto completion) {
+                      drafts.compose({{"a+b@example.org"}, "It & them", "Hi\n"}, completion);
+                  }),
+                  expected);
     }
-    const auto options =
-        qdbus_cast<QVariantMap>(m_desktop.calls(QStringLiteral("ComposeEmail"))[0].arguments().value(1));
-    EXPECT_EQ(options.value(QStringLiteral("addresses")).toStringList(),
-              QStringList{QStringLiteral("a+b@example.org")});
-    EXPECT_EQ(options.value(QStringLiteral("subject")), QStringLiteral("It & them"));
-    EXPECT_EQ(options.value(QStringLiteral("body")), QStringLiteral("Hi\n"));
-    ASSERT_EQ(m_desktop.calls(QStringLiteral("OpenURI")).size(), 1);
-    EXPECT_EQ(m_desktop.calls(QStringLiteral("OpenURI"))[0].arguments().value(1),
-              QStringLiteral("mailto:a%2Bb@example.org?subject=It%20%26%20them&body=Hi%0A"));
+    EXPECT_EQ(m_desktop.calls("OpenURI").size(), 1);
+    EXPECT_EQ(m_desktop.argument("OpenURI", 1),
+              "mailto:a%2Bb@example.org?subject=It%20%26%20them&body=Hi%0A");
+}
+
+TEST_F(Portal, TheAppearanceIsTheUsualOneWhereNobodyKnows) {
+    PortalAppearance appearance(m_client);
+    bool isTold = false;
+    appearance.setObserver([&isTold] { isTold = true; });
+    EXPECT_TRUE(runLoopUntil([&isTold] { return isTold; }));
+    EXPECT_EQ(appearance.settings(), DesktopAppearance::Settings());
 }
 
 #include "PortalTest.moc"

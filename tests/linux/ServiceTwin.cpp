@@ -6,50 +6,57 @@
 
 namespace reelsmith {
 
+namespace {
+
+QVariantMap options(const QDBusMessage& call) {
+    return call.arguments().isEmpty() ? QVariantMap() : qdbus_cast<QVariantMap>(call.arguments().constLast());
+}
+
+QString requestPath(const QDBusMessage& call) {
+    return QString("/org/freedesktop/portal/desktop/request/%1/%2")
+        .arg(call.service().mid(1).replace('.', '_'), options(call).value("handle_token").toString());
+}
+
+} // namespace
+
 ServiceTwin::ServiceTwin(const QDBusConnection& bus) : m_bus(bus) {
-    EXPECT_TRUE(m_bus.registerVirtualObject(QStringLiteral("/"), this, QDBusConnection::SubPath));
+    EXPECT_TRUE(m_bus.registerVirtualObject("/", this, QDBusConnection::SubPath));
 }
 
-void ServiceTwin::answerRequest(const QString& method, uint code, const QVariantMap& results) {
+void ServiceTwin::answerRequest(const QString& method, std::optional<uint> code, const QVariantMap& results) {
     answer(method, [this, code, results](const QDBusMessage& call) {
-        respond(call, code, results);
-        return QVariantList{QVariant::fromValue(QDBusObjectPath(requestPath(call)))};
-    });
-}
-
-void ServiceTwin::acceptRequest(const QString& method) {
-    answer(method, [](const QDBusMessage& call) {
+        if (code)
+            respond(call, *code, results);
         return QVariantList{QVariant::fromValue(QDBusObjectPath(requestPath(call)))};
     });
 }
 
 void ServiceTwin::respond(const QDBusMessage& call, uint code, const QVariantMap& results) {
-    QDBusMessage response = QDBusMessage::createTargetedSignal(
-        call.service(), requestPath(call), QStringLiteral("org.freedesktop.portal.Request"),
-        QStringLiteral("Response"));
-    response << code << results;
-    m_bus.send(response);
-}
-
-QString ServiceTwin::requestPath(const QDBusMessage& call) {
-    const auto options = qdbus_cast<QVariantMap>(call.arguments().constLast());
-    const QString sender = call.service().mid(1).replace(QLatin1Char('.'), QLatin1Char('_'));
-    return QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2")
-        .arg(sender, options.value(QStringLiteral("handle_token")).toString());
+    m_bus.send(QDBusMessage::createTargetedSignal(call.service(), requestPath(call),
+                                                  "org.freedesktop.portal.Request", "Response")
+               << code << results);
 }
 
 QList<QDBusMessage> ServiceTwin::calls(const QString& method) const {
     QList<QDBusMessage> result;
-    for (const QDBusMessage& call : m_calls) {
-        if (call.member() == method)
-            result.append(call);
-    }
+    std::copy_if(m_calls.begin(), m_calls.end(), std::back_inserter(result),
+                 [&method](const QDBusMessage& call) { return call.member() == method; });
     return result;
+}
+
+QVariant ServiceTwin::argument(const QString& method, int index) const {
+    const QList<QDBusMessage> all = calls(method);
+    return all.isEmpty() ? QVariant() : all.constLast().arguments().value(index);
+}
+
+QVariant ServiceTwin::option(const QString& method, const QString& name) const {
+    const QList<QDBusMessage> all = calls(method);
+    return all.isEmpty() ? QVariant() : options(all.constLast()).value(name);
 }
 
 bool ServiceTwin::handleMessage(const QDBusMessage& message, const QDBusConnection& connection) {
     m_calls.append(message);
-    const auto answer = m_answers.find(message.interface() + QLatin1Char('.') + message.member());
+    const auto answer = m_answers.find(message.interface() + '.' + message.member());
     const auto reply = answer == m_answers.end() ? std::nullopt : answer->second(message);
     return reply && connection.send(message.createReply(*reply));
 }

@@ -4,8 +4,6 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
-#include <QList>
-#include <QString>
 #include <functional>
 #include <gtest/gtest.h>
 #include <map>
@@ -28,26 +26,23 @@ public:
     /// Calls of `method`, written "Interface.Method", are answered so; other calls fail as unknown.
     void answer(const QString& method, Answer answer) { m_answers[method] = std::move(answer); }
 
-    /// Answers a portal's method: the request's result comes at once, before the call's own reply.
-    void answerRequest(const QString& method, uint code, const QVariantMap& results = {});
-
-    /// Accepts a portal's method and sends no result.
-    void acceptRequest(const QString& method);
+    /// Accepts a portal's method; a request's result, if there is one, comes even before the call's own
+    /// reply.
+    void answerRequest(const QString& method, std::optional<uint> code, const QVariantMap& results = {});
 
     /// Sends the result of the request that a portal's method has begun.
     void respond(const QDBusMessage& call, uint code, const QVariantMap& results = {});
 
-    /// The calls so far of a method, whatever its interface.
+    /// The calls so far of a method, whatever its interface, and the last one's arguments.
     QList<QDBusMessage> calls(const QString& method) const;
-    bool isCalled(const QString& method) const { return !calls(method).isEmpty(); }
+    QVariant argument(const QString& method, int index) const;
+    QVariant option(const QString& method, const QString& name) const; ///< of the map that comes last
 
-    QDBusConnection bus() const { return m_bus; }
+    const QDBusConnection& bus() const { return m_bus; }
 
 private:
     QString introspect(const QString&) const override { return {}; }
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
-
-    static QString requestPath(const QDBusMessage& call);
 
     QDBusConnection m_bus;
     std::map<QString, Answer> m_answers;
