@@ -35,7 +35,6 @@ BottomSheet {
     TextField {
         objectName: "name"
         width: parent.width
-        focus: true
         label: "Name"
         suffix: ".mp4"
         selectsOnFocus: true
@@ -103,6 +102,7 @@ BottomSheet {
     footer: Button {
         objectName: "convert"
         width: parent.width
+        focus: true
         label: "Convert"
         onClicked: card.controller.convertTapped()
     }

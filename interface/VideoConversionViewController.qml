@@ -9,10 +9,6 @@ Screen {
 
     required property App.VideoConversionViewController controller
 
-    DropArea {
-        anchors.fill: parent
-        onDropped: drop => screen.controller.fileDropped(drop.urls[0])
-    }
     Rectangle {
         id: strip
 

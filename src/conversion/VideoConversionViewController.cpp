@@ -54,11 +54,6 @@ void VideoConversionViewController::fileReceived(const QUrl& url) {
     AppFileOpener::setPendingURL(std::nullopt);
 }
 
-void VideoConversionViewController::fileDropped(const QUrl& url) {
-    if (url.isLocalFile())
-        AppFileOpener::accept(url);
-}
-
 void VideoConversionViewController::localMediaFilesTapped() {
     auto picker = std::make_unique<UIImagePickerController>();
     picker->setSourceType(UIImagePickerController::SourceType::photoLibrary);

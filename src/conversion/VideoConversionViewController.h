@@ -48,8 +48,6 @@ public:
     Q_INVOKABLE void localMediaFilesTapped();
     Q_INVOKABLE void importFromFilesTapped();
     Q_INVOKABLE void videoURLTapped();
-    /// Takes a file dropped on the window, as one that another application hands over.
-    Q_INVOKABLE void fileDropped(const QUrl& url);
 
     /// Asks for name and quality of what `source` is to become.
     void chooseQuality(const QUrl& source);

@@ -10,8 +10,10 @@
 #include "window/IconProvider.h"
 #include "window/ShadowProvider.h"
 
+#include <QDropEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QQmlComponent>
 
 namespace reelsmith {
@@ -19,6 +21,10 @@ namespace reelsmith {
 namespace {
 
 constexpr QSize designedSize{390, 844};
+
+bool isBackKey(int key) {
+    return key == Qt::Key_Escape || key == Qt::Key_Back;
+}
 
 } // namespace
 
@@ -98,14 +104,31 @@ void WindowApplication::open(const QList<QUrl>& files) {
 }
 
 bool WindowApplication::eventFilter(QObject* /*watched*/, QEvent* event) {
-    if (event->type() == QEvent::Close) {
+    switch (event->type()) {
+    case QEvent::Close:
         event->setAccepted(mayClose());
         return !event->isAccepted();
-    }
-    if (event->type() != QEvent::KeyPress)
+    case QEvent::KeyPress:
+        return isBackKey(static_cast<QKeyEvent*>(event)->key()) && m_delegate->window()->goBack();
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop:
+        return takeDrag(*static_cast<QDropEvent*>(event));
+    default:
         return false;
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    return (key == Qt::Key_Escape || key == Qt::Key_Back) && m_delegate->window()->goBack();
+    }
+}
+
+bool WindowApplication::takeDrag(QDropEvent& event) {
+    QList<QUrl> files = event.mimeData()->urls();
+    files.removeIf([](const QUrl& url) { return !url.isLocalFile(); });
+    if (files.isEmpty())
+        return false;
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
+    if (event.type() == QEvent::Drop)
+        open(files);
+    return true;
 }
 
 bool WindowApplication::mayClose() {

@@ -13,6 +13,8 @@
 #include <QUrl>
 #include <memory>
 
+class QDropEvent;
+
 namespace reelsmith {
 
 class Appearance;
@@ -47,6 +49,8 @@ private:
     void setUpPlatform();
     void followDesktop();
     void followWindow();
+    /// Takes what is dragged over the window, and opens it once it is dropped, if it is files.
+    bool takeDrag(QDropEvent& event);
     bool mayClose();
     /// Ends the application, which cancels all that goes on and clears up after it.
     void stopAndClose();
