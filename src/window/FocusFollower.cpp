@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/FocusFollower.h"
 
+#include "platform/uikit/KeyboardManager.h"
+
 #include <QQuickWindow>
 
 namespace reelsmith {
@@ -19,7 +21,10 @@ void FocusFollower::setFlickable(QQuickItem* flickable) {
     m_flickable = flickable;
     if (m_flickable) {
         connect(m_flickable, &QQuickItem::windowChanged, this, &FocusFollower::followWindow);
-        connect(m_flickable, &QQuickItem::heightChanged, this, &FocusFollower::reveal);
+        connect(m_flickable, &QQuickItem::heightChanged, this, [this] {
+            if (KeyboardManager::shared().isEnabled())
+                reveal();
+        });
         followWindow(m_flickable->window());
     }
     emit flickableChanged();
