@@ -67,6 +67,9 @@ TEST_F(Sharing, OffersWhatThereIsAServiceForInOrder) {
     EXPECT_TRUE(isOffered({Action::SaveCopy, Action::ShowInFolder, Action::CopyFile}));
     m_desktop.vanish("org.freedesktop.FileManager1");
     interface = "OpenURI";
+    EXPECT_TRUE(isOffered({Action::OpenWith, Action::CopyFile}));
+    writeFile(m_home.filePath("DATA_HOME/applications/folders.desktop"), "");
+    writeFile(m_home.filePath("DATA_HOME/applications/mimeinfo.cache"), "inode/directory=folders.desktop;");
     EXPECT_TRUE(isOffered({Action::OpenWith, Action::ShowInFolder, Action::CopyFile}));
 }
 

@@ -4,6 +4,7 @@
 #include "platform/linux/BusCall.h"
 #include "platform/linux/BusServices.h"
 #include "platform/linux/HandedFile.h"
+#include "platform/linux/MimeHandlers.h"
 
 #include <utility>
 
@@ -19,8 +20,10 @@ void ShowInFolderAction::findOut(std::function<void(bool isThere)> answer) {
     busservices::ask(m_bus, fileManager, &m_portal, [this, answer = std::move(answer)](bool isThere) {
         if (isThere)
             answer(true);
-        else
+        else if (mimehandlers::isAnyFor(QStringLiteral("inode/directory")))
             m_portal.ask(answer);
+        else
+            answer(false);
     });
 }
 
