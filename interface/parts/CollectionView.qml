@@ -47,7 +47,9 @@ Flickable {
 
             TapHandler {
                 acceptedButtons: Qt.RightButton
+                // qmllint disable unqualified
                 onTapped: loader.cell.openMenu(area.contentItem.mapToItem(null, 0, 0))
+                // qmllint enable unqualified
             }
         }
     }

@@ -89,7 +89,7 @@ FocusScope {
                             horizontalAlignment: Text.AlignHCenter
                             text: segment.modelData.title
                             textStyle: Theme.strong
-                            color: segment.isChosen ? Theme.accent : Theme.ink
+                            color: segment.isChosen ? Theme.segmentTitle : Theme.ink
                             wrapMode: Text.NoWrap
                             fontSizeMode: Text.HorizontalFit
                             minimumPixelSize: Theme.smallestSegment
@@ -100,7 +100,7 @@ FocusScope {
                             visible: text !== ""
                             text: segment.modelData.note
                             textStyle: Theme.caption
-                            color: segment.isChosen ? Theme.ink : Theme.inkSoft
+                            color: segment.isChosen ? Theme.segmentNote : Theme.inkSoft
                             wrapMode: Text.NoWrap
                             fontSizeMode: Text.HorizontalFit
                             minimumPixelSize: Theme.smallestTab

@@ -10,6 +10,8 @@ Pressable {
 
     implicitHeight: Math.max(Theme.tabBarHeight, contentColumn.implicitHeight + 2 * Theme.gap8)
     radius: Theme.fieldRadius
+    leftPadding: Theme.hair * 2
+    rightPadding: Theme.hair * 2
     veils: false
     Accessible.role: Accessible.PageTab
     Accessible.selectable: true

@@ -26,6 +26,8 @@ QtObject {
     readonly property color surface: isDark ? "#1C2020" : "#FFFFFF"
     readonly property color field: isDark ? "#282D2D" : "#EFECE6"
     readonly property color segmentOn: isDark ? "#434A4A" : "#FFFFFF"
+    readonly property color segmentTitle: isDark ? "#8ADEDB" : "#0B666C"
+    readonly property color segmentNote: isDark ? "#D5D8D5" : "#5C5952"
     readonly property color ink: isDark ? "#F1F1EE" : "#1C1B18"
     readonly property color inkSoft: isDark ? "#B4B8B5" : "#5C5952"
     readonly property color inkFaint: isDark ? "#9CA19E" : "#6B675F"

@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Stage.h"
+
+#include "platform/uikit/KeyboardManager.h"
+#include "window/PictureItem.h"
+
+#include <gtest/gtest.h>
+
+namespace reelsmith {
+namespace {
+
+TEST(Pressable, AnswersToFingerSpaceAndReturnWhileEnabled) {
+    Stage stage(R"(Item {
+        property int presses: 0
+        Button { objectName: "button"; width: parent.width; label: "Go"; focus: true; onClicked: parent.presses++ }
+    })");
+    const auto pressEveryWay = [&] {
+        stage.item("button").forceActiveFocus();
+        stage.click(stage.place("button").center());
+        for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter})
+            stage.press(key);
+        return stage.root().property("presses").toInt();
+    };
+    EXPECT_EQ(pressEveryWay(), 4);
+    stage.item("button").setProperty("isEnabled", false);
+    EXPECT_EQ(pressEveryWay(), 4);
+}
+
+TEST(Pressable, IsAtLeastAFingertipHighAndWide) {
+    Stage stage(R"(Row {
+        CloseButton { objectName: "0" }
+        IconButton { objectName: "1"; iconName: "share" }
+        TextButton { objectName: "2"; label: "a" }
+        Switch { objectName: "3" }
+        TabButton { objectName: "4"; iconName: "convert"; label: "a" }
+    })");
+    for (const char* name : {"0", "1", "2", "3", "4"}) {
+        EXPECT_GE(stage.item(name).width(), 44) << name;
+        EXPECT_GE(stage.item(name).height(), 44) << name;
+    }
+}
+
+TEST(Choices, FollowTheArrowKeysUpToTheirEnds) {
+    const QByteArray segments =
+        "Segments { segments: [{title: 'a', note: ''}, {title: 'b', note: ''}]; focus: true; "
+        "onActivated: index => currentIndex = index }";
+    const QByteArray stars = "StarRow { focus: true; onActivated: stars => value = stars }";
+    const struct {
+        QByteArray qml;
+        const char* property;
+        std::vector<int> afterRight;
+        std::vector<int> afterLeft;
+    } cases[] = {
+        {segments, "currentIndex", {1, 1}, {0, 0}},
+        {stars, "value", {1, 2, 3, 4, 5, 5}, {4, 3, 2, 1, 1}},
+    };
+    for (const auto& choice : cases) {
+        Stage stage(choice.qml);
+        for (const int expected : choice.afterRight) {
+            stage.press(Qt::Key_Right);
+            EXPECT_EQ(stage.root().property(choice.property).toInt(), expected) << choice.property;
+        }
+        for (const int expected : choice.afterLeft) {
+            stage.press(Qt::Key_Left);
+            EXPECT_EQ(stage.root().property(choice.property).toInt(), expected) << choice.property;
+        }
+    }
+}
+
+/// A sheet with more in it than a low window has room for.
+const QByteArray fullSheet = R"(BottomSheet {
+    property int dimTaps: 0
+    onDimTapped: dimTaps++
+    header: StyledText { objectName: "header"; text: "Header" }
+    footer: Button { objectName: "footer"; width: parent.width; label: "Go" }
+    Rectangle { width: parent.width; height: 300 }
+    TextField { objectName: "field"; width: parent.width; label: "Name" }
+    Rectangle { width: parent.width; height: 100 }
+})";
+
+TEST(BottomSheet, KeepsHeaderButtonAndFocusedFieldInSightInEveryWindow) {
+    KeyboardManager::shared().setEnabled(true);
+    Stage stage(fullSheet);
+    stage.item("field").forceActiveFocus();
+    for (const QSize size : {QSize(390, 844), QSize(360, 412), QSize(844, 390), QSize(1280, 800)}) {
+        stage.resize(size);
+        const QRectF window(QPointF(), size);
+        const QRectF sight = window.adjusted(0, 8, 0, -8);
+        EXPECT_TRUE(sight.contains(stage.place("header"))) << size.width();
+        EXPECT_TRUE(sight.contains(stage.place("footer"))) << size.width();
+        EXPECT_GT(stage.place("field").top(), stage.place("header").bottom()) << size.width();
+        EXPECT_LT(stage.place("field").bottom(), stage.place("footer").top()) << size.width();
+        EXPECT_LE(stage.place("footer").width(), 480) << size.width();
+    }
+}
+
+TEST(BottomSheet, TellsAPressBesideItOnly) {
+    Stage stage(fullSheet);
+    stage.click(stage.place("header").center());
+    EXPECT_EQ(stage.root().property("dimTaps").toInt(), 0);
+    stage.click({195, 20});
+    EXPECT_EQ(stage.root().property("dimTaps").toInt(), 1);
+}
+
+TEST(Screen, ComesFromTheSideOrFromBelowOrOnlyFades) {
+    Stage stage(R"(Item { Screen { objectName: "screen"; anchors.fill: parent } })");
+    QQuickItem& screen = stage.item("screen");
+    const auto topLeft = [&] { return screen.mapToScene({0, 0}); };
+    screen.setProperty("slide", 1);
+    EXPECT_EQ(topLeft(), QPointF(390, 0));
+    screen.setProperty("slide", -1);
+    EXPECT_EQ(topLeft(), QPointF(-117, 0));
+    screen.setProperty("slide", 0);
+    screen.setProperty("presence", 0);
+    EXPECT_EQ(topLeft(), QPointF(0, 844));
+
+    stage.appearance().setReducesMotion(true);
+    EXPECT_EQ(topLeft(), QPointF(0, 0));
+    EXPECT_EQ(screen.opacity(), 0);
+    screen.setProperty("presence", 1);
+    EXPECT_EQ(topLeft(), QPointF(0, 0));
+    EXPECT_EQ(screen.opacity(), 1);
+}
+
+TEST(TextField, OffersToClearWhatItHolds) {
+    Stage stage(R"(TextField { text: "holiday"; label: "Name"; selectsOnFocus: true; focus: true })");
+    EXPECT_EQ(stage.root().property("selectedText").toString(), "holiday");
+    stage.click({390 - 4 - 22, 422});
+    EXPECT_EQ(stage.root().property("text").toString(), "");
+}
+
+TEST(SteadyDigits, AreAsWideWhateverTheNumber) {
+    Stage stage(R"(Column {
+        SteadyDigits { objectName: "narrow"; text: "11:11" }
+        SteadyDigits { objectName: "wide"; text: "08:40" }
+    })");
+    EXPECT_EQ(stage.item("narrow").width(), stage.item("wide").width());
+}
+
+/// A white picture of that size.
+UIImage whitePicture(int width, int height) {
+    return UIImage({width, height, QByteArray(4 * width * height, '\xff')});
+}
+
+TEST(Picture, FillsItsPlaceButForTheRoundCorners) {
+    Stage stage(
+        R"(Rectangle { color: "black"; Picture { objectName: "picture"; width: 100; height: 60; radius: 20 } })");
+    ImageView outlet;
+    auto& picture = *stage.item("picture").findChild<PictureItem*>();
+    stage.item("picture").setProperty("source", QVariant::fromValue(&outlet));
+    const auto pixel = [&](int x, int y) { return stage.window().grabWindow().pixelColor(x, y); };
+    EXPECT_FALSE(picture.hasPicture());
+    EXPECT_NE(pixel(10, 30), QColor(Qt::white));
+
+    outlet.setImage(whitePicture(16, 9));
+    EXPECT_TRUE(picture.hasPicture());
+    for (const QPoint inside : {QPoint(1, 30), QPoint(98, 30), QPoint(50, 1), QPoint(50, 58)})
+        EXPECT_EQ(pixel(inside.x(), inside.y()), QColor(Qt::white)) << inside.x() << ' ' << inside.y();
+    EXPECT_EQ(pixel(1, 1), QColor(Qt::black));
+}
+
+} // namespace
+} // namespace reelsmith
