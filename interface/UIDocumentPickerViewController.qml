@@ -17,6 +17,7 @@ FocusScope {
         anchors.fill: parent
         label: "Choosing a file"
         visible: !screen.controller.isListing
+        focus: visible
         presence: screen.presence
     }
     Screen {
@@ -24,6 +25,7 @@ FocusScope {
 
         anchors.fill: parent
         visible: screen.controller.isListing
+        focus: visible
         isPresented: true
         presence: screen.presence
 

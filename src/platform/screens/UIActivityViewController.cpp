@@ -60,7 +60,7 @@ void UIActivityViewController::showFacts(const VideoPreview::Facts& facts) {
     const qint64 bytes = QFileInfo(m_file.toLocalFile()).size();
     QStringList parts{QLocale().formattedDataSize(bytes, 1, QLocale::DataSizeSIFormat)};
     if (facts.seconds > 0)
-        parts.prepend(VideoPreview::durationText(facts.seconds));
+        parts.prepend(VideoPreview::durationText(facts.seconds, 2));
     m_detailLabel.setText(parts.join(QStringLiteral(" · ")));
     m_thumbnailImageView.setImage(facts.picture);
 }

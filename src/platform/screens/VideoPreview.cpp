@@ -28,8 +28,8 @@ VideoPreview::Facts factsOf(const QUrl& url, const std::stop_token& stop) {
     return facts;
 }
 
-QString twoDigits(qint64 number) {
-    return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0'));
+QString digits(qint64 number, int atLeast) {
+    return QStringLiteral("%1").arg(number, atLeast, 10, QLatin1Char('0'));
 }
 
 } // namespace
@@ -47,15 +47,14 @@ VideoPreview::VideoPreview(const QUrl& url, Completion completion) {
         });
 }
 
-QString VideoPreview::durationText(double seconds) {
+QString VideoPreview::durationText(double seconds, int minuteDigits) {
     if (seconds <= 0)
         return {};
     // What is shorter than a second still lasts.
     const auto whole = static_cast<qint64>(std::max(std::floor(seconds), 1.0));
-    const QString tail = QLatin1Char(':') + twoDigits(whole % 60);
-    if (whole < 3600)
-        return QString::number(whole / 60) + tail;
-    return QString::number(whole / 3600) + QLatin1Char(':') + twoDigits(whole % 3600 / 60) + tail;
+    const QString hours = whole < 3600 ? QString() : QString::number(whole / 3600) + QLatin1Char(':');
+    return hours + digits(whole % 3600 / 60, hours.isEmpty() ? minuteDigits : 2) + QLatin1Char(':') +
+           digits(whole % 60, 2);
 }
 
 } // namespace reelsmith

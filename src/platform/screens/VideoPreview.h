@@ -27,7 +27,8 @@ public:
     VideoPreview& operator=(const VideoPreview&) = delete;
 
     /// Minutes and seconds, and hours where there are any: "3:12", "1:02:05"; empty where `seconds` is 0.
-    static QString durationText(double seconds);
+    /// `minuteDigits`: how many there are at least.
+    static QString durationText(double seconds, int minuteDigits = 1);
 
 private:
     std::stop_source m_stop;
