@@ -43,25 +43,11 @@ CenterCard {
         }
     }
 
-    Item {
+    ProgressFigures {
+        objectName: "percentage"
         width: parent.width
-        height: Math.max(Theme.display.scaledLine, remaining.height)
-
-        SteadyDigits {
-            objectName: "percentage"
-            text: card.controller.progressLabel.text
-            textStyle: Theme.display
-        }
-        StyledText {
-            id: remaining
-
-            anchors.right: parent.right
-            anchors.bottom: parent.bottom
-            anchors.bottomMargin: Theme.gap8
-            text: card.controller.remainingLabel.text
-            textStyle: Theme.note
-            color: Theme.inkSoft
-        }
+        figure: card.controller.progressLabel.text
+        note: card.controller.remainingLabel.text
     }
     Item {
         width: parent.width

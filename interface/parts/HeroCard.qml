@@ -12,7 +12,6 @@ Pressable {
     implicitHeight: Math.max(Theme.heroHeight, Theme.heroIconTile + words.implicitHeight + topPadding + bottomPadding)
     padding: Theme.heroArtInset
     radius: Theme.heroRadius
-    ring: Theme.accent
     shrinks: true
 
     background: App.Artwork {

@@ -3,8 +3,8 @@ import QtQuick
 
 /// The root of a screen that fills its place. The window moves `slide` (1 → 0 as it is pushed, 0 → −1 as another is
 /// pushed over it) or, when `isPresented`, `presence` (0 → 1), each evenly in time; what that looks like is decided
-/// here. Its children have the column in the middle, or all of it (`fillsWindow`). A presented screen comes from below, or only
-/// fades in (`dissolves`).
+/// here. Its children have the column in the middle, or all of it (`fillsWindow`). A presented screen comes from below,
+/// or only fades in (`dissolves`).
 FocusScope {
     id: screen
 
@@ -18,6 +18,7 @@ FocusScope {
     property bool fillsWindow: false
     default property alias content: stage.data
 
+    readonly property bool isColumn: !fillsWindow && width > Theme.columnWidth
     readonly property bool onlyFades: dissolves || Theme.reducesMotion
     readonly property real aside: slide > 0 ? Math.pow(slide, 3) : Theme.pushedAside * (Math.pow(1 + slide, 3) - 1)
 
@@ -30,7 +31,15 @@ FocusScope {
 
     Rectangle {
         anchors.fill: parent
+        color: screen.isColumn ? Theme.backdrop : screen.ground
+    }
+    Rectangle {
+        anchors.fill: stage
+        anchors.margins: -Theme.hair
         color: screen.ground
+        border.width: Theme.hair
+        border.color: Theme.line
+        visible: screen.isColumn
     }
     // Nothing below takes what misses the controls of this screen.
     MouseArea {
@@ -42,7 +51,7 @@ FocusScope {
         id: stage
 
         anchors.horizontalCenter: parent.horizontalCenter
-        width: screen.fillsWindow ? parent.width : Math.min(parent.width, Theme.columnWidth)
+        width: screen.isColumn ? Theme.columnWidth : parent.width
         height: parent.height
     }
     Rectangle {

@@ -17,7 +17,6 @@ Pressable {
     topPadding: Theme.gap12
     bottomPadding: Theme.gap12
     radius: Theme.cardRadius
-    ring: isHero ? Theme.pictureInk : Theme.accent
     shrinks: true
 
     background: Card {
