@@ -2,9 +2,9 @@
 #include "window/WindowApplication.h"
 
 #include "platform/foundation/OngoingWork.h"
-#include "platform/linux/network/NetworkHTTPClient.h"
 #include "platform/uikit/UIAlertController.h"
 #include "platform/uikit/UIApplication.h"
+#include "platform/uikit/UIImpactFeedbackGenerator.h"
 #include "platform/uikit/UIScreen.h"
 #include "window/Appearance.h"
 #include "window/IconProvider.h"
@@ -28,12 +28,12 @@ bool isBackKey(int key) {
 
 } // namespace
 
-WindowApplication::WindowApplication()
-    : m_platform(id), m_appearance(&Appearance::of(m_engine)), m_factory(m_engine) {
+WindowApplication::WindowApplication(LinuxPlatform platform, std::shared_ptr<HTTPClient> webClient)
+    : m_platform(std::move(platform)), m_appearance(&Appearance::of(m_engine)), m_factory(m_engine) {
     m_engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
     m_engine.addImageProvider(QStringLiteral("icon"), new IconProvider);
     m_engine.addImageProvider(QStringLiteral("shadow"), new ShadowProvider);
-    setUpPlatform();
+    setUpPlatform(std::move(webClient));
     auto window = std::make_unique<UIWindow>();
     m_host = std::make_unique<QuickHost>(m_quickWindow, *window, m_factory);
     UIApplication::shared().setKeyWindow(window.get());
@@ -49,13 +49,14 @@ WindowApplication::~WindowApplication() {
     HTTPClient::setShared(nullptr);
 }
 
-void WindowApplication::setUpPlatform() {
+void WindowApplication::setUpPlatform(std::shared_ptr<HTTPClient> webClient) {
     UIApplication& application = UIApplication::shared();
     application.setSleepInhibitor(std::move(m_platform.sleepInhibitor));
     application.setIdleInhibitor(std::move(m_platform.idleInhibitor));
     application.setLinkOpener(m_platform.linkOpener);
     PlatformServices::install(std::move(m_platform.services));
-    HTTPClient::setShared(std::make_shared<NetworkHTTPClient>());
+    UIImpactFeedbackGenerator::setHaptics(std::move(m_platform.haptics));
+    HTTPClient::setShared(std::move(webClient));
 }
 
 void WindowApplication::followDesktop() {

@@ -3,6 +3,7 @@
 
 #include "app/AppDelegate.h"
 #include "platform/linux/LinuxPlatform.h"
+#include "platform/services/HTTPClient.h"
 #include "window/QuickHost.h"
 #include "window/ScreenFactory.h"
 
@@ -27,7 +28,8 @@ class WindowApplication : public QObject {
 public:
     static inline const QString id = QStringLiteral("io.reelsmith.Reelsmith");
 
-    WindowApplication();
+    /// `webClient`: what downloads.
+    WindowApplication(LinuxPlatform platform, std::shared_ptr<HTTPClient> webClient);
     ~WindowApplication() override;
 
     /// Takes the launch's steps and shows the window; then takes `files` as from another application.
@@ -46,7 +48,7 @@ public:
 
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void setUpPlatform();
+    void setUpPlatform(std::shared_ptr<HTTPClient> webClient);
     void followDesktop();
     void followWindow();
     /// Takes what is dragged over the window, and opens it once it is dropped, if it is files.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "commandline/Arguments.h"
 #include "platform/foundation/URLs.h"
 #include "platform/linux/SingleInstance.h"
+#include "platform/linux/network/NetworkHTTPClient.h"
 #include "window/WindowApplication.h"
 
 #include <QGuiApplication>
@@ -45,7 +45,7 @@ int run(int argc, char** argv) {
     const QList<QUrl> files = urls(argc, argv);
     if (instance.claim(files) == SingleInstance::Role::Forwarded)
         return 0;
-    WindowApplication reelsmith;
+    WindowApplication reelsmith(LinuxPlatform(WindowApplication::id), std::make_shared<NetworkHTTPClient>());
     QObject::connect(&instance, &SingleInstance::activated, &reelsmith, &WindowApplication::activate);
     QObject::connect(&instance, &SingleInstance::opened, &reelsmith, &WindowApplication::open);
     reelsmith.launch(files);

@@ -17,14 +17,16 @@ namespace reelsmith {
 /// is no bus or no service, they do what their interfaces say for that case. Needs a QGuiApplication; main
 /// thread.
 struct LinuxPlatform {
+    /// A platform without any of it.
+    LinuxPlatform() = default;
     explicit LinuxPlatform(const QString& applicationId);
 
-    std::unique_ptr<Inhibitor> sleepInhibitor;
-    std::unique_ptr<Inhibitor> idleInhibitor;
-    std::shared_ptr<LinkOpener> linkOpener;
-    std::unique_ptr<Haptics> haptics;
-    std::unique_ptr<DesktopAppearance> appearance;
-    std::unique_ptr<TextFocus> textFocus;
+    std::unique_ptr<Inhibitor> sleepInhibitor = std::make_unique<Inhibitor>();
+    std::unique_ptr<Inhibitor> idleInhibitor = std::make_unique<Inhibitor>();
+    std::shared_ptr<LinkOpener> linkOpener = std::make_shared<LinkOpener>();
+    std::unique_ptr<Haptics> haptics = std::make_unique<Haptics>();
+    std::unique_ptr<DesktopAppearance> appearance = std::make_unique<DesktopAppearance>();
+    std::unique_ptr<TextFocus> textFocus; ///< null where no keyboard is to be shown
     PlatformServices services;
 };
 

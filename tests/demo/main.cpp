@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The real window on made-up surroundings, for tapping through every screen and for pictures of them:
+//   reelsmith-demo [--scene NAME] [--size WIDTHxHEIGHT] [--dark] [--text SCALE] [--picture FILE]
+// With --picture the window is saved once nothing has changed in it for a moment, and the demo ends.
+#include "demo/DemoServices.h"
+#include "demo/Scenes.h"
+#include "fakes/ScriptedHTTPClient.h"
+#include "window/Appearance.h"
+#include "window/WindowApplication.h"
+
+#include <QCommandLineParser>
+#include <QGuiApplication>
+#include <QStyleHints>
+#include <QTimer>
+
+using namespace reelsmith;
+
+namespace {
+
+constexpr std::chrono::milliseconds stillness{700};
+
+QSize parsedSize(const QString& text) {
+    return {text.section(QLatin1Char('x'), 0, 0).toInt(), text.section(QLatin1Char('x'), 1).toInt()};
+}
+
+LinuxPlatform platform(const QCommandLineParser& options) {
+    LinuxPlatform made;
+    made.appearance = std::make_unique<DemoAppearance>(DesktopAppearance::Settings{
+        options.isSet(QStringLiteral("dark")), options.value(QStringLiteral("text")).toDouble(), false});
+    made.services.fileSharing = std::make_unique<DemoFileSharing>();
+    return made;
+}
+
+void saveWhenStill(QQuickWindow& window, const QString& file) {
+    auto* const timer = new QTimer(&window);
+    timer->setSingleShot(true);
+    QObject::connect(&window, &QQuickWindow::frameSwapped, timer, [timer] { timer->start(stillness); });
+    QObject::connect(timer, &QTimer::timeout, &window,
+                     [&window, file] { QCoreApplication::exit(window.grabWindow().save(file) ? 0 : 1); });
+    timer->start(stillness);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QGuiApplication application(argc, argv);
+    QCommandLineParser options;
+    options.addHelpOption();
+    options.addOptions(
+        {{QStringLiteral("scene"), QStringLiteral("what to show"), QStringLiteral("NAME"),
+          QStringLiteral("convert")},
+         {QStringLiteral("size"), QStringLiteral("of the window"), QStringLiteral("SIZE"),
+          QStringLiteral("390x844")},
+         {QStringLiteral("dark"), QStringLiteral("dark colours")},
+         {QStringLiteral("text"), QStringLiteral("scale of the text"), QStringLiteral("SCALE"),
+          QStringLiteral("1")},
+         {QStringLiteral("picture"), QStringLiteral("save the window and end"), QStringLiteral("FILE")}});
+    options.process(application);
+    const auto scene = scenes().value(options.value(QStringLiteral("scene")));
+    if (!scene)
+        qFatal("There is no such scene; there are: %s", qPrintable(scenes().keys().join(QLatin1Char(' '))));
+
+    WindowApplication demo(platform(options), std::make_shared<ScriptedHTTPClient>());
+    demo.quickWindow().resize(parsedSize(options.value(QStringLiteral("size"))));
+    demo.launch({});
+    scene(demo);
+    if (options.isSet(QStringLiteral("picture"))) {
+        // A caret that blinks never lets the window rest.
+        QGuiApplication::styleHints()->setCursorFlashTime(0);
+        demo.appearance().setDurationsScale(0);
+        saveWhenStill(demo.quickWindow(), options.value(QStringLiteral("picture")));
+    }
+    return QGuiApplication::exec();
+}
