@@ -10,6 +10,7 @@ CenterCard {
     required property App.URLInputViewController controller
 
     label: "Video from the web"
+    padding: Theme.sheetPadding
     onDimTapped: controller.requestDismiss()
 
     header: Row {
@@ -34,7 +35,7 @@ CenterCard {
             }
             StyledText {
                 width: parent.width
-                text: "It is downloaded to this device first."
+                text: "Paste a direct link to a video file"
                 textStyle: Theme.note
                 color: Theme.inkSoft
             }
@@ -56,7 +57,7 @@ CenterCard {
     StyledText {
         width: parent.width
         topPadding: Theme.gap8
-        text: "A direct link to an avi, mov, mp4, mkv or hevc file"
+        text: "AVI, MOV, MP4, MKV or HEVC"
         textStyle: Theme.smallNote
         color: Theme.inkSoft
     }
@@ -75,7 +76,9 @@ CenterCard {
             objectName: "download"
             width: parent.wideWidth
             leastHeight: Theme.buttonInCard
+            iconName: "download"
             label: "Download"
+            iconName: "download"
             onClicked: card.controller.downloadTapped()
         }
     }

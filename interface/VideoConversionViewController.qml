@@ -151,6 +151,9 @@ Screen {
             }
         }
         Row {
+            id: promise
+
+            width: parent.width
             spacing: Theme.gap8
             topPadding: Theme.gap8
             visible: !Theme.isTall || Theme.showsRows
@@ -162,6 +165,7 @@ Screen {
                 size: Theme.rowIcon
             }
             StyledText {
+                width: promise.width - x
                 text: "Converted on this device, never uploaded"
                 textStyle: Theme.note
                 color: Theme.inkSoft
