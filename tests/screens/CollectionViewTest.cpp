@@ -43,9 +43,10 @@ public:
     }
     std::optional<UIContextMenuConfiguration>
     collectionViewContextMenuConfigurationForItemAt(UICollectionView&, const IndexPath& path) override {
-        return UIContextMenuConfiguration{{},
-                                          {{u"Delete"_s, u"trash"_s, UIAction::Style::Destructive,
-                                            [this, path] { m_deleted = path.item; }}}};
+        return UIContextMenuConfiguration{
+            {}, {{u"Share"_s, u"square.and.arrow.up"_s, UIAction::Style::Destructive, [this, path] {
+                      m_shared = path.item;
+                  }}}};
     }
 
     /// Which items the cells in sight stand for.
@@ -59,7 +60,7 @@ public:
     }
 
     int m_count = 30;
-    int m_deleted = -1;
+    int m_shared = -1;
     std::vector<int> m_selected;
     std::set<const QObject*> m_used;
     UICollectionView m_view;
@@ -176,13 +177,14 @@ TEST_F(ContextMenu, ItsHandlerRunsWhenItHasGone) {
     EXPECT_EQ(menu->cellFrame(), QRectF(110, 120, 100, 100));
     EXPECT_FALSE(menu->isFullScreen());
     const QVariantMap entry = menu->actions().value(0).toMap();
-    EXPECT_EQ(entry.value(u"title"_s), u"Delete"_s);
-    EXPECT_TRUE(entry.value(u"isDestructive"_s).toBool());
+    EXPECT_EQ(entry.value(u"title"_s), u"Share"_s);
+    EXPECT_EQ(entry.value(u"image"_s), u"share"_s);
+    EXPECT_FALSE(entry.value(u"isDestructive"_s).toBool());
     menu->press(0);
     menu->press(0);
-    EXPECT_EQ(grid.m_deleted, -1);
+    EXPECT_EQ(grid.m_shared, -1);
     settle();
-    EXPECT_EQ(grid.m_deleted, 4);
+    EXPECT_EQ(grid.m_shared, 4);
     EXPECT_TRUE(isNothingPresented());
 }
 

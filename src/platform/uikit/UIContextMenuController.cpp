@@ -13,7 +13,7 @@ namespace reelsmith {
 namespace {
 
 // Our own drawing of an image of the platform.
-QString iconName(const QString& systemImage) {
+QString drawing(const QString& systemImage) {
     return systemImage == QLatin1String("square.and.arrow.up") ? QStringLiteral("share") : systemImage;
 }
 
@@ -43,7 +43,7 @@ QVariantList UIContextMenuController::actions() const {
     for (const UIAction& action : m_configuration.actions) {
         list.append(QVariantMap{
             {QStringLiteral("title"), action.title},
-            {QStringLiteral("icon"), iconName(action.systemImage)},
+            {QStringLiteral("image"), drawing(action.systemImage)},
             {QStringLiteral("isDestructive"), action.style == UIAction::Style::Destructive},
         });
     }

@@ -25,7 +25,7 @@ public:
     UIContextMenuController(UIContextMenuConfiguration configuration, ReusableCell& cell,
                             const QRectF& cellFrame);
 
-    /// For each action: "title", "icon" and "isDestructive".
+    /// For each action: "title", "image" and "isDestructive".
     QVariantList actions() const;
     ReusableCell* cell() const; ///< null once it is gone
     const QRectF& cellFrame() const { return m_cellFrame; }
