@@ -45,7 +45,7 @@ public:
     collectionViewContextMenuConfigurationForItemAt(UICollectionView&, const IndexPath& path) override {
         return UIContextMenuConfiguration{
             {}, {{u"Share"_s, u"square.and.arrow.up"_s, UIAction::Style::Destructive, [this, path] {
-                      m_shared = path.item;
+                      m_chosen = path.item;
                   }}}};
     }
 
@@ -60,7 +60,7 @@ public:
     }
 
     int m_count = 30;
-    int m_shared = -1;
+    int m_chosen = -1;
     std::vector<int> m_selected;
     std::set<const QObject*> m_used;
     UICollectionView m_view;
@@ -179,12 +179,12 @@ TEST_F(ContextMenu, ItsHandlerRunsWhenItHasGone) {
     const QVariantMap entry = menu->actions().value(0).toMap();
     EXPECT_EQ(entry.value(u"title"_s), u"Share"_s);
     EXPECT_EQ(entry.value(u"image"_s), u"share"_s);
-    EXPECT_FALSE(entry.value(u"isDestructive"_s).toBool());
+    EXPECT_TRUE(entry.value(u"isDestructive"_s).toBool());
     menu->press(0);
     menu->press(0);
-    EXPECT_EQ(grid.m_shared, -1);
+    EXPECT_EQ(grid.m_chosen, -1);
     settle();
-    EXPECT_EQ(grid.m_shared, 4);
+    EXPECT_EQ(grid.m_chosen, 4);
     EXPECT_TRUE(isNothingPresented());
 }
 
