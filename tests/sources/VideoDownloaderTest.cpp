@@ -9,24 +9,15 @@
 #include "platform/linux/network/NetworkHTTPClient.h"
 #include "settings/UserSettings.h"
 
-#include <QDir>
+#include <QSslCertificate>
+#include <QSslConfiguration>
 
 using namespace reelsmith;
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What a screen is to a downloader.
-class Owner : public QObject, public VideoDownloaderDelegate {
-public:
-    void didUpdateProgress(double fraction) override { fractions.append(fraction); }
-    void didReceiveBytes(const DownloadProgress& progress) override { bytes.append(progress.receivedBytes); }
-
-    QList<double> fractions;
-    QList<qint64> bytes;
-};
-
-class Downloader : public ApplicationTest {
+class Downloader : public ApplicationTest, public QObject, public VideoDownloaderDelegate {
 protected:
     static void SetUpTestSuite() { s_server = new WebServer; }
     static void TearDownTestSuite() { delete std::exchange(s_server, nullptr); }
@@ -37,29 +28,18 @@ protected:
     }
     void TearDown() override { HTTPClient::setShared(nullptr); }
 
-    static QUrl http(const QString& path) { return s_server->http(path); }
-
-    QStringList events() const {
-        QStringList names;
-        for (const InMemoryAnalytics::Event& event : m_services.analytics->state().events)
-            names.append(event.parameters ? event.name + u" with parameters"_s : event.name);
-        return names;
+    void didUpdateProgress(double fraction) override { m_fractions.append(fraction); }
+    void didReceiveBytes(const DownloadProgress& progress) override {
+        m_receivedBytes = progress.receivedBytes;
     }
-    /// The result, and what had been logged when it came.
-    VideoDownloader::DownloadResult download(const QUrl& url) {
-        std::optional<VideoDownloader::DownloadResult> result;
-        const auto downloader = VideoDownloader::make(url);
-        downloader->setDelegate(m_owner.get());
-        downloader->download([&](const VideoDownloader::DownloadResult& ended) {
-            EXPECT_TRUE(OngoingWork::isAny());
-            m_eventsBefore = events();
-            result = ended;
-        });
-        EXPECT_FALSE(result);
-        EXPECT_TRUE(OngoingWork::isAny());
-        EXPECT_TRUE(runLoopUntil([&] { return result.has_value(); }));
-        EXPECT_FALSE(OngoingWork::isAny());
-        return *result;
+
+    static QUrl http(const QString& path) { return s_server->http(path); }
+    static QUrl https(const QString& path) { return s_server->https(path); }
+    static QString redirect(const QUrl& to) {
+        return u"/redirect/"_s + QString::fromLatin1(QUrl::toPercentEncoding(to.toString())) + u"/x.mov"_s;
+    }
+    static QUrl inDownloads(const QString& name) {
+        return appendingPathComponent(FileSystem::shared().downloadsFolder(), name);
     }
     /// All files in the documents folder.
     static QStringList files() {
@@ -72,89 +52,176 @@ protected:
         return found;
     }
 
-    std::unique_ptr<Owner> m_owner = std::make_unique<Owner>();
-    QStringList m_eventsBefore;
+    QStringList events() const {
+        QStringList names;
+        for (const InMemoryAnalytics::Event& event : m_services.analytics->state().events)
+            names.append(event.parameters ? event.name + u" with parameters"_s : event.name);
+        return names;
+    }
+    void begin(const QUrl& url) {
+        m_services.analytics->reset();
+        m_result.reset();
+        m_fractions.clear();
+        const auto downloader = VideoDownloader::make(url);
+        downloader->setDelegate(this);
+        downloader->download([this](const VideoDownloader::DownloadResult& result) {
+            EXPECT_TRUE(!m_result && OngoingWork::isAny());
+            m_eventsBefore = events();
+            m_result = result;
+        });
+        EXPECT_TRUE(!m_result && OngoingWork::isAny());
+    }
+    VideoDownloader::DownloadResult end() {
+        EXPECT_TRUE(runLoopUntil([this] { return m_result.has_value(); }));
+        return *m_result;
+    }
+    VideoDownloader::DownloadResult download(const QUrl& url) {
+        begin(url);
+        return end();
+    }
 
-private:
+    std::optional<VideoDownloader::DownloadResult> m_result;
+    QStringList m_eventsBefore;
+    QList<double> m_fractions;
+    qint64 m_receivedBytes = 0;
     static inline WebServer* s_server = nullptr;
 };
 
 } // namespace
 
-TEST_F(Downloader, AFileIsLoggedThenHandedOver) {
-    const auto result = download(http(u"/body/100/clip.mp4?size=large#t=3"_s));
-    ASSERT_TRUE(result);
-    EXPECT_EQ(*result, appendingPathComponent(FileSystem::shared().downloadsFolder(), u"clip.mp4"_s));
-    EXPECT_EQ(contents(*result).size(), 100);
-    EXPECT_EQ(m_eventsBefore, QStringList{u"download_success"_s});
-    EXPECT_EQ(events(), m_eventsBefore);
-    EXPECT_EQ(m_owner->fractions, QList<double>{1});
-
-    EXPECT_TRUE(download(http(u"/status/404/elsewhere/clip.mp4"_s)));
-    EXPECT_EQ(contents(*result), "<html>not a video</html>");
-    EXPECT_EQ(files(), QStringList{u"downloads/clip.mp4"_s});
+TEST_F(Downloader, EveryAnswerOfAServerIsAFileLoggedThenHandedOver) {
+    enum class Length { Told, Untold };
+    struct Case {
+        QString path;
+        qint64 sizeBytes;
+        Length length = Length::Told;
+    };
+    for (const auto& [path, sizeBytes, length] :
+         {Case{u"/body/3000000/x.mov?size=large#t=3"_s, 3000000},
+          Case{u"/chunked/3000000/x.mov"_s, 3000000, Length::Untold},
+          Case{u"/body/0/x.mov"_s, 0, Length::Untold}, Case{u"/status/204/x.mov"_s, 0, Length::Untold},
+          Case{u"/status/401/x.mov"_s, 24}, Case{u"/status/404/elsewhere/x.mov"_s, 24},
+          Case{u"/status/500/x.mov"_s, 24}, Case{u"/hops/5/x.mov"_s, 10}}) {
+        SCOPED_TRACE(path.toStdString());
+        write(inDownloads(u"x.mov"_s), "of another time");
+        EXPECT_EQ(download(http(path)), inDownloads(u"x.mov"_s));
+        EXPECT_EQ(files(), QStringList{u"downloads/x.mov"_s});
+        EXPECT_EQ(contents(inDownloads(u"x.mov"_s)).size(), sizeBytes);
+        EXPECT_EQ(m_receivedBytes, sizeBytes);
+        EXPECT_EQ(m_fractions.isEmpty() ? 0 : m_fractions.last(), length == Length::Told ? 1 : 0);
+        EXPECT_EQ(m_eventsBefore, QStringList{u"download_success"_s});
+        EXPECT_EQ(events(), m_eventsBefore);
+    }
+    EXPECT_FALSE(OngoingWork::isAny());
 }
 
-TEST_F(Downloader, AFailureIsHandedOverThenLogged) {
-    const auto result = download(http(u"/cut/100/clip.mp4"_s));
-    ASSERT_FALSE(result);
-    EXPECT_EQ(localizedDescription(result.error()),
-              u"The operation couldn’t be completed. (VideoDownloader.DownloadError error 0.)"_s);
-    EXPECT_EQ(m_eventsBefore, QStringList());
-    EXPECT_EQ(events(), QStringList{u"download_failure"_s});
-    EXPECT_EQ(files(), QStringList());
-}
-
-TEST_F(Downloader, WithoutConsentTheSameHappensUnlogged) {
-    UserSettings::shared().setSendUsageData(false);
-    EXPECT_TRUE(download(http(u"/body/1/clip.mp4"_s)));
-    EXPECT_FALSE(download(http(u"/drop/clip.mp4"_s)));
-    EXPECT_EQ(events(), QStringList());
-}
-
-TEST_F(Downloader, WithoutAnHTTPClientEveryDownloadFails) {
-    HTTPClient::setShared(nullptr);
-    EXPECT_FALSE(download(http(u"/body/1/clip.mp4"_s)));
-}
-
-TEST_F(Downloader, OfAnUnknownLengthOnlyBytesAreReported) {
-    EXPECT_TRUE(download(http(u"/chunked/5000/clip.mp4"_s)));
-    EXPECT_EQ(m_owner->fractions, QList<double>());
-    EXPECT_EQ(m_owner->bytes.last(), 5000);
-    m_owner.reset();
-    EXPECT_TRUE(download(http(u"/body/5000/clip.mp4"_s)));
+TEST_F(Downloader, ATransferThatDoesNotComeToItsEndIsAFailureHandedOverThenLogged) {
+    HTTPClient::setShared(std::make_shared<NetworkHTTPClient>(std::chrono::milliseconds(300)));
+    for (const QUrl& url :
+         {http(u"/cut/100000/x.mov"_s), http(u"/half/2/never/x.mov"_s), http(u"/hops/100/x.mov"_s),
+          http(redirect(QUrl(u"file:///etc/passwd"_s))), https(u"/body/10/x.mov"_s),
+          QUrl(u"http://127.0.0.1:1/x.mov"_s), QUrl(u"file:///etc/passwd"_s), QUrl(u"http:///x.mov"_s),
+          QUrl(u"x.mov"_s), QUrl()}) {
+        SCOPED_TRACE(url.toString().toStdString());
+        write(inDownloads(u"x.mov"_s), "of another time");
+        const auto result = download(url);
+        ASSERT_FALSE(result);
+        EXPECT_EQ(localizedDescription(result.error()),
+                  u"The operation couldn’t be completed. (VideoDownloader.DownloadError error 0.)"_s);
+        EXPECT_EQ(contents(inDownloads(u"x.mov"_s)), "of another time");
+        EXPECT_EQ(files(), QStringList{u"downloads/x.mov"_s});
+        EXPECT_EQ(m_eventsBefore, QStringList());
+        EXPECT_EQ(events(), QStringList{u"download_failure"_s});
+    }
 }
 
 TEST_F(Downloader, TheFileIsNamedAsTheLastComponentOrThereIsNone) {
-    const std::map<QString, QString> names{{u"plain"_s, u"plain"_s},
-                                           {u"a%20b%3Fc%25.mov"_s, u"a b?c%.mov"_s},
+    const std::map<QString, QString> names{{u"a%20b%3Fc%25"_s, u"a b?c%"_s},
                                            {u"sub/%C3%A9.mov"_s, u"é.mov"_s},
                                            {u"..mov"_s, u"..mov"_s},
                                            {QString(255, u'x'), QString(255, u'x')}};
     for (const auto& [component, name] : names) {
-        SCOPED_TRACE(component.toStdString());
         const auto result = download(http(u"/body/1/"_s + component));
         EXPECT_EQ(files(), QStringList{u"downloads/"_s + name});
         FileSystem::shared().deleteVideo(result.value());
     }
-    for (const QString& component : {u""_s, u"."_s, u".."_s, u"%2E%2e"_s, u"..%2Fx"_s, u"a%2Fb"_s,
-                                     u"%2Ftmp%2Fx"_s, u"x%00.mov"_s, QString(256, u'x')}) {
-        SCOPED_TRACE(component.toStdString());
-        EXPECT_FALSE(download(http(u"/body/1/"_s + component)));
+    for (const QString& component :
+         {u""_s, u"."_s, u".."_s, u"%2E%2e"_s, u"..%2Fx"_s, u"a%2Fb"_s, u"x%00.mov"_s, QString(256, u'x')}) {
+        EXPECT_FALSE(download(http(u"/body/1/"_s + component))) << component.toStdString();
         EXPECT_EQ(files(), QStringList());
     }
 }
 
+TEST_F(Downloader, WithoutConsentOrClientTheResultsAreTheSameOrFailures) {
+    UserSettings::shared().setSendUsageData(false);
+    EXPECT_TRUE(download(http(u"/body/1/x.mov"_s)));
+    HTTPClient::setShared(nullptr);
+    EXPECT_FALSE(download(http(u"/body/1/x.mov"_s)));
+    EXPECT_EQ(events(), QStringList());
+}
+
+TEST_F(Downloader, ATrustedServerMayNotSendUsToAnUnprotectedPlace) {
+    const QSslConfiguration before = QSslConfiguration::defaultConfiguration();
+    QSslConfiguration trusting = before;
+    ASSERT_TRUE(trusting.addCaCertificates(s_server->certificate()));
+    QSslConfiguration::setDefaultConfiguration(trusting);
+    EXPECT_TRUE(download(http(redirect(https(u"/body/1/x.mov"_s)))));
+    EXPECT_FALSE(download(https(redirect(http(u"/body/1/x.mov"_s)))));
+    QSslConfiguration::setDefaultConfiguration(before);
+}
+
+TEST_F(Downloader, ABodyGoesIntoAHiddenFileThatOthersSpareAndThatGoesWithTheClient) {
+    const auto waitForHalf = [this] { return runLoopUntil([this] { return m_fractions.contains(0.5); }); };
+    begin(http(u"/half/2000000/x.mov"_s));
+    ASSERT_TRUE(waitForHalf());
+    FileSystem::shared().removeLeftovers();
+    ASSERT_EQ(files().size(), 1);
+    EXPECT_TRUE(files().first().startsWith(u"downloads/.reelsmith-"_s));
+    EXPECT_EQ(contents(inDownloads(files().first().mid(10))).size(), 1000000);
+    HTTPClient::shared()->download(
+        http(u"/goon/0/x.mov"_s),
+        [] {
+            return DownloadDestination{inDownloads(u"../other"_s), {}};
+        },
+        [](const DownloadProgress&) {}, [](const std::optional<QUrl>&) {});
+    EXPECT_TRUE(end());
+    EXPECT_TRUE(runLoopUntil([] { return files().contains(u"other"_s); }));
+    EXPECT_EQ(contents(inDownloads(u"x.mov"_s)).size(), 2000000);
+
+    begin(http(u"/half/2000000/y.mov"_s));
+    ASSERT_TRUE(waitForHalf());
+    HTTPClient::setShared(nullptr);
+    EXPECT_FALSE(m_result || OngoingWork::isAny());
+    EXPECT_EQ(files().size(), 2);
+}
+
 TEST_F(Downloader, ItsBackgroundTaskOutlastsIt) {
-    struct CountingInhibitor : Inhibitor {
-        explicit CountingInhibitor(int& holds) : m_holds(holds) {}
-        void hold() override { ++m_holds; }
-        void letGo() override { --m_holds; }
-        int& m_holds;
+    struct WatchedInhibitor : Inhibitor {
+        explicit WatchedInhibitor(bool& isHeld) : m_isHeld(isHeld) {}
+        void hold() override { m_isHeld = true; }
+        void letGo() override { m_isHeld = false; }
+        bool& m_isHeld;
     };
-    int holds = 0;
-    UIApplication::shared().setSleepInhibitor(std::make_unique<CountingInhibitor>(holds));
-    EXPECT_TRUE(download(http(u"/body/1/clip.mp4"_s)));
-    EXPECT_EQ(holds, 1);
+    bool isHeld = false;
+    UIApplication::shared().setSleepInhibitor(std::make_unique<WatchedInhibitor>(isHeld));
+    EXPECT_TRUE(download(http(u"/body/1/x.mov"_s)));
+    EXPECT_TRUE(isHeld);
     UIApplication::shared().setSleepInhibitor(std::make_unique<Inhibitor>());
+}
+
+TEST_F(Downloader, WithoutTheOptionsNothingIsReplacedOrMade) {
+    write(inDownloads(u"x.mov"_s), "of another time");
+    int failureCount = 0;
+    for (const QString& name : {u"x.mov"_s, u"folder/x.mov"_s}) {
+        HTTPClient::shared()->download(
+            http(u"/body/1/x.mov"_s),
+            [name] {
+                return DownloadDestination{inDownloads(name), {}};
+            },
+            [](const DownloadProgress&) {},
+            [&](const std::optional<QUrl>& file) { failureCount += file ? 0 : 1; });
+    }
+    EXPECT_TRUE(runLoopUntil([&] { return failureCount == 2; }));
+    EXPECT_EQ(contents(inDownloads(u"x.mov"_s)), "of another time");
+    EXPECT_EQ(files(), QStringList{u"downloads/x.mov"_s});
 }

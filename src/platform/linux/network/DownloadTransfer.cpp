@@ -64,7 +64,12 @@ Result<void> DownloadTransfer::result() {
         store();
     if (!m_writeError.isEmpty())
         return failure(m_writeError);
-    return isAnswered() ? moveIntoPlace() : failure(m_reply->errorString());
+    if (!isAnswered())
+        return failure(m_reply->errorString());
+    // Now and then Qt takes the end of a connection for the end of the body.
+    if (expectedBytes().value_or(m_receivedBytes) != m_receivedBytes)
+        return failure(QStringLiteral("the body is not as long as it should be"));
+    return moveIntoPlace();
 }
 
 Result<void> DownloadTransfer::moveIntoPlace() {
