@@ -90,7 +90,7 @@ TEST_F(RealServices, TheFeedbackDaemonPlaysATouch) {
 
 TEST_F(RealServices, TheLoginManagerKnowsOfAHeldSleepInhibitor) {
     if (!QDBusConnection::systemBus().isConnected())
-        GTEST_SKIP() << "only root may run a login manager";
+        GTEST_SKIP() << "no login manager runs here: that takes root";
     EXPECT_EQ(inhibited(), "");
     m_platform.sleepInhibitor->hold();
     EXPECT_TRUE(runLoopUntil([] { return inhibited() == "sleep"; }));

@@ -18,7 +18,7 @@ class ApplicationInterface : public QDBusAbstractAdaptor {
 public:
     explicit ApplicationInterface(SingleInstance& instance);
 
-public slots: // NOLINT(readability-identifier-naming): names of the interface
+public slots:
     void Activate(const QVariantMap& platformData);
     void Open(const QStringList& urls, const QVariantMap& platformData);
 

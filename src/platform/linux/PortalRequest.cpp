@@ -46,11 +46,11 @@ PortalRequest::PortalRequest(const QDBusConnection& bus, Completion completion, 
     auto* portal =
         new QDBusServiceWatcher(portalService, m_bus, QDBusServiceWatcher::WatchForUnregistration, this);
     connect(portal, &QDBusServiceWatcher::serviceUnregistered, this,
-            [this] { fail(QStringLiteral("the desktop portal has ended")); });
+            [this] { fail(QStringLiteral("The desktop's service has ended.")); });
     m_limit.setSingleShot(true);
     connect(&m_limit, &QTimer::timeout, this, [this] {
         withdraw();
-        fail(QStringLiteral("no answer"));
+        fail(QStringLiteral("The desktop has not answered."));
     });
 }
 
@@ -92,7 +92,7 @@ void PortalRequest::respond(uint code, const QVariantMap& results) {
         finish({Outcome::Cancelled, results, {}});
         break;
     default:
-        fail(QStringLiteral("the desktop could not do it"));
+        fail(QStringLiteral("The desktop could not do it."));
     }
 }
 
