@@ -76,7 +76,6 @@ CenterCard {
             objectName: "download"
             width: parent.wideWidth
             leastHeight: Theme.buttonInCard
-            iconName: "download"
             label: "Download"
             iconName: "download"
             onClicked: card.controller.downloadTapped()

@@ -3,20 +3,14 @@ import QtQuick
 
 /// The round button that closes a sheet or page: drawn 32 wide in a target of 44.
 Pressable {
-    id: control
-
     label: "Close"
     radius: Theme.closeSize / 2
 
-    background: Item {
-        implicitWidth: Theme.target
-        implicitHeight: Theme.target
-    }
-    contentItem: Item {}
-
-    veils: false
+    face: circle
 
     Rectangle {
+        id: circle
+
         anchors.centerIn: parent
         width: Theme.closeSize
         height: Theme.closeSize
@@ -28,12 +22,6 @@ Pressable {
             name: "closeBold"
             color: Theme.inkSoft
             size: Theme.smallIcon
-        }
-        Rectangle {
-            anchors.fill: parent
-            radius: parent.radius
-            color: control.pressed ? Theme.pressedVeil : Theme.hoverVeil
-            visible: control.pressed || control.hovered
         }
     }
 }

@@ -4,7 +4,7 @@ import QtQuick.Templates as T
 
 /// Anything to press, by finger, mouse, Space or Return: `clicked`, from 44 points on. `label` is what it is called
 /// for those who hear it, `radius` its shape, `isEnabled` whether it answers. It shows a press (`veils`, and `shrinks`
-/// too) and where the keyboard is.
+/// too) and where the keyboard is, on its `face` where less is drawn than can be pressed.
 T.AbstractButton {
     id: control
 
@@ -14,6 +14,7 @@ T.AbstractButton {
     property color ring: Theme.accent
     property bool veils: true
     property bool shrinks: false
+    property Item face: background ?? control
 
     implicitWidth: Math.max(Theme.target, implicitBackgroundWidth, implicitContentWidth + leftPadding + rightPadding)
     implicitHeight: Math.max(Theme.target, implicitBackgroundHeight, implicitContentHeight + topPadding + bottomPadding)
@@ -34,7 +35,7 @@ T.AbstractButton {
     }
 
     Rectangle {
-        anchors.fill: control.background ?? control
+        anchors.fill: control.face
         z: 1
         radius: control.radius
         color: control.pressed ? Theme.pressedVeil : Theme.hoverVeil
@@ -42,7 +43,7 @@ T.AbstractButton {
     }
 
     FocusRing {
-        anchors.fill: control.background ?? control
+        anchors.fill: control.face
         inner: control.radius
         ring: control.ring
         visible: control.visualFocus

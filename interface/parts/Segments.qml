@@ -70,6 +70,8 @@ FocusScope {
                 width: control.segmentWidth
                 height: control.height - 2 * Theme.segmentsInset
                 focusPolicy: Qt.NoFocus
+                leftPadding: Theme.gap4
+                rightPadding: Theme.gap4
                 radius: Theme.segmentRadius
                 veils: !isChosen
                 label: modelData.title

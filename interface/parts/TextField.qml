@@ -32,6 +32,8 @@ T.TextField {
     selectByMouse: true
     Accessible.role: Accessible.EditableText
     Accessible.name: label
+    // Until someone types, its beginning says more than its end.
+    onTextChanged: if (!activeFocus) cursorPosition = 0
     onActiveFocusChanged: activeFocus && selectsOnFocus ? selectAll() : deselect()
 
     background: Rectangle {
@@ -41,15 +43,16 @@ T.TextField {
         border.color: Theme.accent
     }
 
-    StyledText {
+    Text {
         anchors.left: parent.left
         anchors.leftMargin: field.leftPadding
         anchors.right: trailing.left
         anchors.verticalCenter: parent.verticalCenter
         visible: field.isEmpty
         text: field.placeholderText
+        textFormat: Text.PlainText
+        font: field.font
         color: Theme.inkFaint
-        wrapMode: Text.NoWrap
         elide: Text.ElideRight
     }
     Row {
@@ -59,10 +62,11 @@ T.TextField {
         anchors.rightMargin: Theme.gap4
         height: parent.height
 
-        StyledText {
+        Text {
             anchors.verticalCenter: parent.verticalCenter
             visible: text !== ""
             text: field.suffix
+            font: field.font
             color: Theme.inkFaint
         }
         TextButton {
@@ -75,25 +79,26 @@ T.TextField {
             anchors.verticalCenter: parent.verticalCenter
             visible: field.text !== ""
             label: "Clear"
-            radius: Theme.target / 2
-            veils: false
-            contentItem: Item {
-                Rectangle {
-                    anchors.centerIn: parent
-                    width: Theme.icon
-                    height: Theme.icon
-                    radius: Theme.icon / 2
-                    color: Theme.field
+            radius: Theme.icon / 2
+            face: circle
+            onClicked: field.clear()
 
-                    Icon {
-                        anchors.centerIn: parent
-                        name: "close"
-                        color: Theme.inkSoft
-                        size: Theme.smallIcon
-                    }
+            Rectangle {
+                id: circle
+
+                anchors.centerIn: parent
+                width: Theme.icon
+                height: Theme.icon
+                radius: Theme.icon / 2
+                color: Theme.field
+
+                Icon {
+                    anchors.centerIn: parent
+                    name: "close"
+                    color: Theme.inkSoft
+                    size: Theme.smallIcon
                 }
             }
-            onClicked: field.clear()
         }
     }
 }
