@@ -35,9 +35,12 @@ QUrl someVideo() {
 void showProgress(WindowApplication& application) {
     auto card = std::make_unique<ProgressViewController>(ProgressViewController::DisplayMode::convert);
     card->setFile(QStringLiteral("Summer by the sea.mp4"), someVideo());
-    card->updateProgress(0.42);
-    card->remainingLabel()->setText(QStringLiteral("about 1 min left"));
-    tabs(application).present(std::move(card), Animated::No);
+    ProgressViewController* const shown = card.get();
+    tabs(application).present(std::move(card), Animated::No, [shown] {
+        shown->progressLabel()->setText(QStringLiteral("42%"));
+        shown->progressVIew()->setProgress(0.42);
+        shown->remainingLabel()->setText(QStringLiteral("about 1 min left"));
+    });
 }
 
 void showDownload(WindowApplication& application) {
