@@ -60,6 +60,8 @@ PortalRequest::~PortalRequest() {
 }
 
 void PortalRequest::cancel() {
+    if (!m_completion)
+        return;
     withdraw();
     QMetaObject::invokeMethod(
         this,
@@ -84,19 +86,17 @@ QString PortalRequest::interfaceName(const QString& interface) {
 }
 
 void PortalRequest::respond(uint code, const QVariantMap& results) {
-    switch (code) {
-    case 0:
+    // A file dialog that is closed, by Escape say, answers neither 0 nor 1 in some desktops.
+    if (code == 0)
         finish({Outcome::Granted, results, {}});
-        break;
-    case 1:
+    else if (code == 1 || m_isFileDialog)
         finish({Outcome::Cancelled, results, {}});
-        break;
-    default:
+    else
         fail(QStringLiteral("The desktop could not do it."));
-    }
 }
 
 void PortalRequest::send(Call call) {
+    m_isFileDialog = call.interface == QLatin1String("FileChooser");
     call.options.insert(QStringLiteral("handle_token"), m_token);
     QDBusMessage request = message(interfaceName(call.interface), call.method);
     const QString noParentWindow = QStringLiteral("");

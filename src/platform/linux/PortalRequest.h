@@ -71,6 +71,7 @@ private:
     const QString m_token;
     const QString m_path;
     Completion m_completion;
+    bool m_isFileDialog = false;
     QTimer m_limit;
 };
 
