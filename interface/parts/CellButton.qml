@@ -12,6 +12,7 @@ Pressable {
 
     focusPolicy: Qt.NoFocus
     Accessible.role: Accessible.ListItem
+    Accessible.onPressAction: item.tap()
     onClicked: item.tap()
     onPressAndHold: item.openMenu(mapToItem(null, -item.frame.x, -item.frame.y))
 

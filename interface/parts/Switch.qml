@@ -17,7 +17,10 @@ T.Switch {
     focusPolicy: Qt.TabFocus
     hoverEnabled: true
     Accessible.name: label
-    Keys.onReturnPressed: clicked()
+    Keys.onReturnPressed: {
+        toggle();
+        toggled();
+    }
 
     indicator: Rectangle {
         anchors.verticalCenter: parent.verticalCenter

@@ -19,7 +19,7 @@ T.TextField {
     implicitWidth: Theme.alertWidth
     implicitHeight: Math.max(Theme.fieldHeight, contentHeight + topPadding + bottomPadding)
     leftPadding: Theme.gap16
-    rightPadding: trailing.width + Theme.gap8
+    rightPadding: trailing.width + Theme.gap12
     topPadding: Theme.gap12
     bottomPadding: Theme.gap12
     verticalAlignment: Text.AlignVCenter

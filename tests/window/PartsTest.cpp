@@ -26,6 +26,16 @@ TEST(Pressable, AnswersToFingerSpaceAndReturnWhileEnabled) {
     EXPECT_EQ(pressEveryWay(), 4);
 }
 
+TEST(Switch, TellsEachChangeOnce) {
+    Stage stage(R"(Switch { property int changes: 0; label: "Data"; focus: true; onToggled: changes++ })");
+    int changes = 0;
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Space}) {
+        stage.press(key);
+        EXPECT_EQ(stage.root().property("changes").toInt(), ++changes);
+        EXPECT_EQ(stage.root().property("checked").toBool(), changes % 2 == 1);
+    }
+}
+
 TEST(Pressable, IsAtLeastAFingertipHighAndWide) {
     Stage stage(R"(Row {
         CloseButton { objectName: "0" }
