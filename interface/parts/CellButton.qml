@@ -11,8 +11,6 @@ Pressable {
     property real ringMargin: -Theme.focusDistance - Theme.focusWidth
 
     focusPolicy: Qt.NoFocus
-    Accessible.role: Accessible.ListItem
-    Accessible.onPressAction: item.tap()
     onClicked: item.tap()
     onPressAndHold: item.openMenu(mapToItem(null, -item.frame.x, -item.frame.y))
 

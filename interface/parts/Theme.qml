@@ -15,7 +15,6 @@ QtObject {
     readonly property bool isLargeText: App.Appearance.isLargeText
     readonly property bool isTall: App.Appearance.isTall
     readonly property bool showsRows: isCompact || isLargeText
-    readonly property real textScale: App.Appearance.textScale
     readonly property real columnWidth: App.Appearance.columnWidth
     readonly property real windowHeight: App.Appearance.windowHeight
     readonly property bool isWide: App.Appearance.windowWidth > columnWidth
@@ -62,15 +61,6 @@ QtObject {
     readonly property color label: Qt.rgba(0, 0, 0, 0.66)
     readonly property color scrimMiddle: Qt.rgba(0, 0, 0, 0.66)
     readonly property color scrimEnd: Qt.rgba(0, 0, 0, 0.74)
-    readonly property color playerGround: "#000000"
-    readonly property color playerButton: Qt.rgba(0, 0, 0, 0.62)
-    readonly property color playerTrack: Qt.rgba(1, 1, 1, 0.3)
-    readonly property color playerNote: Qt.rgba(1, 1, 1, 0.75)
-    readonly property color onboardingMessage: "#E6F0F0"
-    readonly property color onboardingButton: "#FFFFFF"
-    readonly property color onboardingInk: "#1C1B18"
-    readonly property color onboardingMiddle: Qt.rgba(0.012, 0.078, 0.086, 0.70)
-    readonly property color onboardingEnd: Qt.rgba(0.012, 0.078, 0.086, 0.86)
 
     // What the named colours of the platform are drawn as.
     readonly property color gray: isDark ? "#B9BDBA" : "#4F4C46"
@@ -83,7 +73,6 @@ QtObject {
 
     // Lettering.
     readonly property TextStyle display: TextStyle { size: 48; line: 52; weight: 700; tracking: -1.5; largest: 1.2 }
-    readonly property TextStyle onboardingTitle: TextStyle { size: 32; line: 38; weight: 700; tracking: -0.3; largest: 1.3 }
     readonly property TextStyle title: TextStyle { size: 24; line: 30; weight: 700; tracking: -0.3; largest: 1.3 }
     readonly property TextStyle heading: TextStyle { size: 19; line: 24; weight: 600 }
     readonly property TextStyle barName: TextStyle { size: 18; line: 24; weight: 600; largest: 1.3 }
@@ -95,7 +84,6 @@ QtObject {
     readonly property TextStyle message: TextStyle { size: 15; line: 21 }
     readonly property TextStyle note: TextStyle { size: 14; line: 20 }
     readonly property TextStyle smallNote: TextStyle { size: 13; line: 18 }
-    readonly property TextStyle groupTitle: TextStyle { size: 13; line: 18; weight: 600 }
     readonly property TextStyle tileName: TextStyle { size: 13; line: 17; weight: 500 }
     readonly property TextStyle tileNameOnPicture: TextStyle { size: 13; line: 17; weight: 600 }
     readonly property TextStyle caption: TextStyle { size: 12; line: 16; weight: 500 }
@@ -117,10 +105,8 @@ QtObject {
     readonly property int sideMargin: 20
     readonly property int cardGap: 12
     readonly property int rowGap: 8
-    readonly property int groupGap: 28
     readonly property int cardPadding: 16
     readonly property int rowPadding: 11
-    readonly property int tallRowPadding: 14
     readonly property int sheetPadding: 20
     readonly property int centerCardPadding: 24
     readonly property int sheetMargin: 8
@@ -161,7 +147,6 @@ QtObject {
     readonly property int switchKnobSize: 26
     readonly property int closeSize: 32
     readonly property int rowHeight: 56
-    readonly property int tallRowHeight: 60
     readonly property int sourceCardHeight: 148
     readonly property int sourceRowHeight: 76
     readonly property real heroHeight: Math.max(144, Math.min(232, Math.round(0.305 * windowHeight)))
@@ -185,7 +170,6 @@ QtObject {
     readonly property int emptyArtWidth: 210
     readonly property int emptyArtHeight: 150
     readonly property int shortLine: 48
-    readonly property int tileInset: 4
     readonly property real liftedScale: 1.04
     readonly property real pressedScale: 0.98
     readonly property int focusWidth: 2
@@ -226,11 +210,6 @@ QtObject {
         blur: 8
         tint: theme.tileShadow
     }
-    readonly property ShadowStyle playHalo: ShadowStyle {
-        layers: "0,10,0.5"
-        reach: 10
-        blur: 10
-    }
 
     // Durations in milliseconds. What slides or grows only fades where less motion is wished.
     readonly property real pace: App.Appearance.durationsScale
@@ -242,9 +221,7 @@ QtObject {
     readonly property int push: (reducesMotion ? plainFade : 300) * pace
     readonly property int alert: (reducesMotion ? plainFade : 180) * pace
     readonly property int menu: (reducesMotion ? plainFade : 180) * pace
-    readonly property int toolbarSlide: (reducesMotion ? plainFade : 220) * pace
     readonly property int selectionSlide: (reducesMotion ? 0 : 160) * pace
-    readonly property int onboardingTexts: 300 * pace
     readonly property int stars: 100 * pace
     readonly property int picture: 120 * pace
     readonly property int indeterminate: 1400 * pace

@@ -2,7 +2,10 @@
 import QtQuick
 import Reelsmith.Parts
 
-Convert {
+// A tile with its menu open.
+Rectangle {
+    color: Theme.canvas
+
     ContextMenu {
         anchors.fill: parent
         anchorRect: Qt.rect(203, 92, 167, 167)
