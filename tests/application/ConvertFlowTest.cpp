@@ -3,6 +3,7 @@
 
 #include "app/AppDelegate.h"
 #include "app/MainTabBarController.h"
+#include "app/MainTabBarCreator.h"
 #include "conversion/VideoConversionViewController.h"
 #include "fakes/ScriptedHTTPClient.h"
 #include "platform/foundation/OngoingWork.h"
@@ -118,6 +119,31 @@ TEST_F(ConvertFlow, TheLaunchPrintsItsLinesAndEmptiesTheDownloads) {
     EXPECT_EQ(static_cast<int>(m_delegate.supportedInterfaceOrientations()), 2);
     m_delegate.setRestrictRotation(false);
     EXPECT_EQ(static_cast<int>(m_delegate.supportedInterfaceOrientations()), 30);
+}
+
+TEST_F(ConvertFlow, AFetchedVariantSwapsTheVideosTabUnlessTheUserIsThere) {
+    const auto layout = [this] {
+        auto* stack = qobject_cast<UINavigationController*>(tabs().viewControllers().at(1));
+        return stack->topViewController()->interfaceName();
+    };
+    const auto activate = [this](const QString& variant) {
+        InMemoryRemoteConfig::State state;
+        state.activated = {{u"new_video_layout_test"_s, variant}};
+        m_services.remoteConfig->setState(state);
+        MainTabBarCreator::swapVideosTab(tabs());
+    };
+    EXPECT_EQ(layout(), u"ConvertedVideosViewController"_s);
+    activate(u"variant_b"_s);
+    EXPECT_EQ(layout(), u"ConvertedVideosViewController"_s);
+    tabs().setSelectedIndex(1);
+    activate(u"variant_a"_s);
+    EXPECT_EQ(layout(), u"ConvertedVideosViewController"_s);
+    tabs().setSelectedIndex(0);
+    activate(u"variant_a"_s);
+    EXPECT_EQ(layout(), u"VideosViewController"_s);
+    EXPECT_EQ(linesWithoutProgress(),
+              (QStringList{u"Swapped videos VC to default"_s, u"Swapped videos VC to variant_a"_s,
+                           u"Swapped videos VC to variant_a"_s}));
 }
 
 TEST_F(ConvertFlow, AWebAddressEndsInTheShareSheet) {

@@ -79,3 +79,13 @@ TEST_F(FileLayer, AFileThatIsBeingReadIsNotRemovedByAnyName) {
     access.stop();
     EXPECT_TRUE(files.removeItem(source));
 }
+
+TEST(URLs, AreTakenFromTextByTheLetterOfTheGrammar) {
+    for (const char* good : {"clip.mp4", "https://example.org/a%20b.mov?x=1&y=/#top",
+                             "http://[::1]:8080/a.mp4", "a.mov/b", "//user:pw@host/x", "?q", "mailto:a@b.c"})
+        EXPECT_TRUE(urlFromString(QString::fromUtf8(good))) << good;
+    for (const char* bad : {"", " ", "my clip.mp4", "clip.mp4\n", "a|b.mp4", "100%.mp4", "a%2.mp4",
+                            "a%zz.mp4", "schön.mp4", "a\\b", "http://a b/", "<a>", "\"x\"", "a{b}", "a^b",
+                            "a`b", "x?y=[", "http://host:port/", "http://[::1/"})
+        EXPECT_FALSE(urlFromString(QString::fromUtf8(bad))) << bad;
+}
