@@ -26,7 +26,7 @@ inline const QString UIActivityTypeAssignToContact = QStringLiteral("AssignToCon
 inline const QString UIActivityTypeSaveToCameraRoll = QStringLiteral("SaveToCameraRoll");
 
 /// The share sheet: what the desktop can do with a file. A popover on a tablet-class window. Main thread.
-class UIActivityViewController : public UIViewController {
+class UIActivityViewController : public reelsmith::UIViewController {
     Q_OBJECT
     Q_PROPERTY(reelsmith::ImageView* thumbnailImageView READ thumbnailImageView CONSTANT)
     Q_PROPERTY(reelsmith::Label* nameLabel READ nameLabel CONSTANT)

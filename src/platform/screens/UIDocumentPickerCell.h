@@ -7,7 +7,7 @@
 namespace reelsmith {
 
 /// One folder or document in the document picker's own list.
-class UIDocumentPickerCell : public UITableViewCell {
+class UIDocumentPickerCell : public reelsmith::UITableViewCell {
     Q_OBJECT
     Q_PROPERTY(reelsmith::Label* nameLabel READ nameLabel CONSTANT)
     Q_PROPERTY(reelsmith::Label* detailLabel READ detailLabel CONSTANT)

@@ -14,7 +14,7 @@ namespace reelsmith {
 /// Lets the user pick a document of certain types: in the desktop's own dialog, behind which this screen is
 /// only dim, or in a list of its own where the desktop has none. Its delegate dismisses it after a pick;
 /// without a pick it goes by itself. Main thread.
-class UIDocumentPickerViewController : public UIViewController,
+class UIDocumentPickerViewController : public reelsmith::UIViewController,
                                        public UITableViewDataSource,
                                        public UITableViewDelegate {
     Q_OBJECT

@@ -11,7 +11,7 @@
 namespace reelsmith {
 
 /// One movie in the photo picker.
-class UIImagePickerCell : public UICollectionViewCell {
+class UIImagePickerCell : public reelsmith::UICollectionViewCell {
     Q_OBJECT
     Q_PROPERTY(reelsmith::ImageView* thumbnailImageView READ thumbnailImageView CONSTANT)
     Q_PROPERTY(reelsmith::Label* nameLabel READ nameLabel CONSTANT)

@@ -12,12 +12,12 @@ namespace {
 const QString cellIdentifier = QStringLiteral("video");
 constexpr int columns = 3;
 constexpr qreal gap = 3;
-constexpr int mostKnown = 200;
+constexpr int mostKnownKilobytes = 32 * 1024;
 
 } // namespace
 
 UIImagePickerController::UIImagePickerController(std::vector<std::filesystem::path> folders)
-    : m_collection(std::move(folders)), m_known(mostKnown) {
+    : m_collection(std::move(folders)), m_known(mostKnownKilobytes) {
     m_emptyStateView.setHidden(true);
 }
 
@@ -60,7 +60,8 @@ CellsView::Cell UIImagePickerController::collectionViewCellForItemAt(UICollectio
     const QUrl& url = m_videos.at(path.item);
     qobject_cast<UIImagePickerCell*>(cell.get())
         ->showVideo(url, m_known.object(url), [this, url](const VideoPreview::Facts& facts) {
-            m_known.insert(url, new VideoPreview::Facts(facts));
+            const auto bytes = facts.picture.cgImage().pixels.size();
+            m_known.insert(url, new VideoPreview::Facts(facts), static_cast<int>(bytes / 1024) + 1);
         });
     return cell;
 }

@@ -16,7 +16,7 @@ namespace reelsmith {
 
 /// The platform's photo library, for picking one movie. It stays until its delegate dismisses it. Main
 /// thread.
-class UIImagePickerController : public UIViewController,
+class UIImagePickerController : public reelsmith::UIViewController,
                                 public UICollectionViewDataSource,
                                 public UICollectionViewDelegate {
     Q_OBJECT

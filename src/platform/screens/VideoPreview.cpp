@@ -6,6 +6,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <deque>
+#include <mutex>
+#include <utility>
 
 namespace reelsmith {
 
@@ -28,6 +31,45 @@ VideoPreview::Facts factsOf(const QUrl& url, const std::stop_token& stop) {
     return facts;
 }
 
+/// Looks at one video after another: the media worker looks at no more than one at a time, and has to begin a
+/// picture anew when the properties of another video are asked for meanwhile.
+class PreviewQueue {
+public:
+    using Work = std::function<void()>;
+
+    static PreviewQueue& shared() {
+        static PreviewQueue queue;
+        return queue;
+    }
+
+    void add(Work work) {
+        const std::lock_guard lock(m_mutex);
+        m_waiting.push_back(std::move(work));
+        if (!std::exchange(m_isWorking, true))
+            DispatchQueue::global(QualityOfService::UserInitiated).async([this] { workOff(); });
+    }
+
+private:
+    void workOff() {
+        while (const Work work = takeNext())
+            work();
+    }
+
+    Work takeNext() {
+        const std::lock_guard lock(m_mutex);
+        m_isWorking = !m_waiting.empty();
+        if (!m_isWorking)
+            return {};
+        Work next = std::move(m_waiting.front());
+        m_waiting.pop_front();
+        return next;
+    }
+
+    std::mutex m_mutex;
+    std::deque<Work> m_waiting;
+    bool m_isWorking = false;
+};
+
 QString digits(qint64 number, int atLeast) {
     return QStringLiteral("%1").arg(number, atLeast, 10, QLatin1Char('0'));
 }
@@ -35,16 +77,15 @@ QString digits(qint64 number, int atLeast) {
 } // namespace
 
 VideoPreview::VideoPreview(const QUrl& url, Completion completion) {
-    DispatchQueue::global(QualityOfService::UserInitiated)
-        .async([url, stop = m_stop.get_token(), completion = std::move(completion)] {
-            if (stop.stop_requested())
-                return;
-            const Facts facts = factsOf(url, stop);
-            DispatchQueue::main().async([facts, stop, completion] {
-                if (!stop.stop_requested())
-                    completion(facts);
-            });
+    PreviewQueue::shared().add([url, stop = m_stop.get_token(), completion = std::move(completion)] {
+        if (stop.stop_requested())
+            return;
+        const Facts facts = factsOf(url, stop);
+        DispatchQueue::main().async([facts, stop, completion] {
+            if (!stop.stop_requested())
+                completion(facts);
         });
+    });
 }
 
 QString VideoPreview::durationText(double seconds, int minuteDigits) {
