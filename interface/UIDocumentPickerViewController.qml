@@ -52,6 +52,11 @@ FocusScope {
             view: screen.controller.tableView
             label: screen.controller.title
         }
+        Spinner {
+            anchors.centerIn: parent
+            visible: isRunning
+            isRunning: !screen.controller.activityIndicatorView.isHidden
+        }
         StyledText {
             anchors.centerIn: parent
             visible: !screen.controller.emptyStateView.isHidden

@@ -32,6 +32,11 @@ Screen {
         view: screen.controller.collectionView
         label: screen.controller.title
     }
+    Spinner {
+        anchors.centerIn: parent
+        visible: isRunning
+        isRunning: !screen.controller.activityIndicatorView.isHidden
+    }
     EmptyState {
         anchors.verticalCenter: parent.verticalCenter
         visible: !screen.controller.emptyStateView.isHidden

@@ -125,10 +125,12 @@ TEST_F(ImagePicker, WithoutMoviesThereIsAnEmptyState) {
 TEST_F(ImagePicker, FoldersAreReadAnewAtEachAppearance) {
     UIImagePickerController& picker = presentPicker();
     EXPECT_TRUE(runLoopUntil([&] { return !picker.emptyStateView()->isHidden(); }));
+    EXPECT_TRUE(picker.activityIndicatorView()->isHidden());
     write(u"film.mp4"_s, 0);
     picker.beginAppearanceTransition(false);
     picker.endAppearanceTransition();
     picker.beginAppearanceTransition(true);
+    EXPECT_FALSE(picker.activityIndicatorView()->isHidden());
     EXPECT_NE(cell(picker, 0), nullptr);
     EXPECT_TRUE(picker.emptyStateView()->isHidden());
 }

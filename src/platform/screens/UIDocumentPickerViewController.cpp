@@ -36,6 +36,7 @@ UIDocumentPickerViewController::UIDocumentPickerViewController(const QStringList
     : m_types(documentTypes), m_isListing(!dialog().isAvailable()), m_listing(m_types) {
     setTitle(placesTitle);
     m_emptyStateView.setHidden(true);
+    m_activityIndicatorView.setHidden(true);
     if (!m_isListing) {
         setModalPresentationStyle(UIModalPresentationStyle::OverCurrentContext);
         setModalTransitionStyle(UIModalTransitionStyle::CrossDissolve);
@@ -89,14 +90,17 @@ void UIDocumentPickerViewController::open(const QUrl& folder) {
     emit listingChanged();
     show(isAtPlaces() ? FolderListing::places() : FolderListing::Entries());
     m_emptyStateView.setHidden(true);
-    if (!isAtPlaces())
-        m_listing.read(folder, [this](const FolderListing::Entries& entries) { show(entries); });
+    if (isAtPlaces())
+        return;
+    m_activityIndicatorView.setHidden(false);
+    m_listing.read(folder, [this](const FolderListing::Entries& entries) { show(entries); });
 }
 
 void UIDocumentPickerViewController::show(const FolderListing::Entries& entries) {
     m_entries = entries;
     m_tableView.reloadData();
     m_emptyStateView.setHidden(!m_entries.isEmpty());
+    m_activityIndicatorView.setHidden(true);
 }
 
 int UIDocumentPickerViewController::tableViewNumberOfRowsInSection(UITableView&, int) {

@@ -22,6 +22,7 @@ class UIDocumentPickerViewController : public reelsmith::UIViewController,
     Q_PROPERTY(bool isAtPlaces READ isAtPlaces NOTIFY listingChanged)
     Q_PROPERTY(reelsmith::UITableView* tableView READ tableView CONSTANT)
     Q_PROPERTY(reelsmith::View* emptyStateView READ emptyStateView CONSTANT)
+    Q_PROPERTY(reelsmith::View* activityIndicatorView READ activityIndicatorView CONSTANT)
 
 public:
     enum class Mode { Import };
@@ -41,6 +42,9 @@ public:
     bool isAtPlaces() const { return m_folder.isEmpty(); }
     UITableView* tableView() { return &m_tableView; }
     View* emptyStateView() { return &m_emptyStateView; }
+    View* activityIndicatorView() {
+        return &m_activityIndicatorView;
+    } ///< hidden unless folders are being read
 
     /// Leaves without a pick.
     Q_INVOKABLE void cancelTapped();
@@ -75,6 +79,7 @@ private:
     FolderListing::Entries m_entries;
     UITableView m_tableView;
     View m_emptyStateView;
+    View m_activityIndicatorView;
 };
 
 } // namespace reelsmith

@@ -19,6 +19,7 @@ constexpr int mostKnownKilobytes = 32 * 1024;
 UIImagePickerController::UIImagePickerController(std::vector<std::filesystem::path> folders)
     : m_collection(std::move(folders)), m_known(mostKnownKilobytes) {
     m_emptyStateView.setHidden(true);
+    m_activityIndicatorView.setHidden(true);
 }
 
 void UIImagePickerController::viewDidLoad() {
@@ -33,16 +34,19 @@ void UIImagePickerController::viewDidLoad() {
 }
 
 void UIImagePickerController::viewWillAppear() {
-    if (m_mediaTypes.contains(kUTTypeMovie))
-        m_collection.read([this](const QList<QUrl>& videos) { show(videos); });
-    else
+    if (!m_mediaTypes.contains(kUTTypeMovie)) {
         show({});
+        return;
+    }
+    m_activityIndicatorView.setHidden(!m_videos.isEmpty());
+    m_collection.read([this](const QList<QUrl>& videos) { show(videos); });
 }
 
 void UIImagePickerController::show(const QList<QUrl>& videos) {
     m_videos = videos;
     m_collectionView.reloadData();
     m_emptyStateView.setHidden(!m_videos.isEmpty());
+    m_activityIndicatorView.setHidden(true);
 }
 
 int UIImagePickerController::collectionViewNumberOfItemsInSection(UICollectionView&, int) {

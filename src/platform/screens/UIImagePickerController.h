@@ -22,6 +22,7 @@ class UIImagePickerController : public reelsmith::UIViewController,
     Q_OBJECT
     Q_PROPERTY(reelsmith::UICollectionView* collectionView READ collectionView CONSTANT)
     Q_PROPERTY(reelsmith::View* emptyStateView READ emptyStateView CONSTANT)
+    Q_PROPERTY(reelsmith::View* activityIndicatorView READ activityIndicatorView CONSTANT)
 
 public:
     enum class SourceType { photoLibrary };
@@ -38,6 +39,9 @@ public:
 
     UICollectionView* collectionView() { return &m_collectionView; }
     View* emptyStateView() { return &m_emptyStateView; }
+    View* activityIndicatorView() {
+        return &m_activityIndicatorView;
+    } ///< hidden unless folders are being read
 
     /// What "Cancel" does.
     Q_INVOKABLE void cancelTapped();
@@ -63,6 +67,7 @@ private:
     QCache<QUrl, VideoPreview::Facts> m_known;
     UICollectionView m_collectionView;
     View m_emptyStateView;
+    View m_activityIndicatorView;
 };
 
 } // namespace reelsmith
