@@ -10,7 +10,6 @@ BottomSheet {
     required property App.ConversionQualityViewController controller
     readonly property var sentences: ["Smallest file, fine for messages and old phones.",
         "A good balance, right for most videos.", "Best picture, largest file."]
-    readonly property var titles: ["Low", "Medium", "High"]
 
     label: "Name and quality"
     onDimTapped: controller.requestDismiss()
@@ -81,10 +80,16 @@ BottomSheet {
         objectName: "quality"
         width: parent.width
         label: "Quality"
-        segments: [0, 1, 2].map(index => ({
-                    "title": card.titles[index],
-                    "note": card.controller.estimates[index]
-                }))
+        segments: [{
+                "title": "Low",
+                "note": card.controller.estimates[0]
+            }, {
+                "title": "Medium",
+                "note": card.controller.estimates[1]
+            }, {
+                "title": "High",
+                "note": card.controller.estimates[2]
+            }]
         currentIndex: card.controller.qualitySegmentedView.selectedSegmentIndex
         onActivated: index => {
             card.controller.qualitySegmentedView.selectedSegmentIndex = index;

@@ -61,19 +61,29 @@ Screen {
                 Accessible.role: Accessible.PageTabList
                 Accessible.name: "Screens"
 
-                Repeater {
-                    model: screen.controller.tabTitles.length
-
-                    TabButton {
-                        required property int index
-
-                        objectName: "tab" + index
-                        width: tabs.width / screen.controller.tabTitles.length
-                        label: screen.controller.tabTitles[index]
-                        iconName: screen.controller.tabImages[index]
-                        isSelected: screen.controller.selectedIndex === index
-                        onClicked: screen.controller.selectedIndex = index
-                    }
+                TabButton {
+                    objectName: "tab0"
+                    width: tabs.width / 3
+                    label: screen.controller.tabTitles[0]
+                    iconName: screen.controller.tabImages[0]
+                    isSelected: screen.controller.selectedIndex === 0
+                    onClicked: screen.controller.selectedIndex = 0
+                }
+                TabButton {
+                    objectName: "tab1"
+                    width: tabs.width / 3
+                    label: screen.controller.tabTitles[1]
+                    iconName: screen.controller.tabImages[1]
+                    isSelected: screen.controller.selectedIndex === 1
+                    onClicked: screen.controller.selectedIndex = 1
+                }
+                TabButton {
+                    objectName: "tab2"
+                    width: tabs.width / 3
+                    label: screen.controller.tabTitles[2]
+                    iconName: screen.controller.tabImages[2]
+                    isSelected: screen.controller.selectedIndex === 2
+                    onClicked: screen.controller.selectedIndex = 2
                 }
             }
         }

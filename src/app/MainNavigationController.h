@@ -6,7 +6,7 @@
 namespace reelsmith {
 
 /// The stack of screens in each tab.
-class MainNavigationController : public UINavigationController {
+class MainNavigationController : public reelsmith::UINavigationController {
     Q_OBJECT
 
 public:

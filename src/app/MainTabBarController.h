@@ -6,7 +6,7 @@
 namespace reelsmith {
 
 /// The application's tab bar.
-class MainTabBarController : public UITabBarController {
+class MainTabBarController : public reelsmith::UITabBarController {
     Q_OBJECT
 };
 

@@ -26,7 +26,7 @@ public:
 };
 
 /// The card that shows how far a download or a conversion has come. Main thread, but for what says otherwise.
-class ProgressViewController : public UIViewController, public ProgressDisplay {
+class ProgressViewController : public reelsmith::UIViewController, public ProgressDisplay {
     Q_OBJECT
     Q_PROPERTY(reelsmith::View* cardView READ cardView CONSTANT)
     Q_PROPERTY(reelsmith::Label* titleLabel READ titleLabel CONSTANT)

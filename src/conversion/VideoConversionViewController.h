@@ -23,7 +23,7 @@ class ConversionRun;
 class VideoConverter;
 
 /// The screen that every conversion starts from. Main thread.
-class VideoConversionViewController : public UIViewController,
+class VideoConversionViewController : public reelsmith::UIViewController,
                                       public CanShareFiles,
                                       public UIImagePickerControllerDelegate,
                                       public UIDocumentPickerDelegate,

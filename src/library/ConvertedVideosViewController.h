@@ -8,7 +8,7 @@
 namespace reelsmith {
 
 /// The library as a list.
-class ConvertedVideosViewController : public UIViewController {
+class ConvertedVideosViewController : public reelsmith::UIViewController {
     Q_OBJECT
     Q_PROPERTY(QStringList names READ names NOTIFY namesChanged)
 

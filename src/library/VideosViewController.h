@@ -8,7 +8,7 @@
 namespace reelsmith {
 
 /// The library as a grid.
-class VideosViewController : public UIViewController {
+class VideosViewController : public reelsmith::UIViewController {
     Q_OBJECT
     Q_PROPERTY(QStringList names READ names NOTIFY namesChanged)
 

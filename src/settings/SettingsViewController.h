@@ -7,7 +7,7 @@
 namespace reelsmith {
 
 /// The user's settings. Main thread.
-class SettingsViewController : public UIViewController {
+class SettingsViewController : public reelsmith::UIViewController {
     Q_OBJECT
     Q_PROPERTY(reelsmith::Switch* sendDataSwitch READ sendDataSwitch CONSTANT)
 

@@ -25,7 +25,7 @@ public:
 };
 
 /// The card that asks for the name and the quality of a result. Main thread.
-class ConversionQualityViewController : public UIViewController {
+class ConversionQualityViewController : public reelsmith::UIViewController {
     Q_OBJECT
     Q_PROPERTY(reelsmith::View* cardView READ cardView CONSTANT)
     Q_PROPERTY(reelsmith::View* bgView READ bgView CONSTANT)

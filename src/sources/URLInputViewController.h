@@ -18,7 +18,7 @@ public:
 };
 
 /// The card that asks for the web address of a video. Main thread.
-class URLInputViewController : public UIViewController {
+class URLInputViewController : public reelsmith::UIViewController {
     Q_OBJECT
     Q_PROPERTY(reelsmith::TextField* textField READ textField CONSTANT)
 

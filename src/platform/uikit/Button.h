@@ -6,7 +6,7 @@
 namespace reelsmith {
 
 /// Something to press; what a press does is the controller's, and the interface file calls it.
-class Button : public View {
+class Button : public reelsmith::View {
     Q_OBJECT
     Q_PROPERTY(QString title READ title WRITE setTitle NOTIFY changed)
 

@@ -15,7 +15,7 @@ namespace reelsmith {
 
 /// What collection and table views have in common: a long content of which only what is in sight has cells.
 /// Items are counted through all sections here. Main thread.
-class CellsView : public View {
+class CellsView : public reelsmith::View {
     Q_OBJECT
     Q_PROPERTY(QAbstractItemModel* cells READ cells CONSTANT)
     Q_PROPERTY(qreal contentHeight READ contentHeight NOTIFY layoutChanged)

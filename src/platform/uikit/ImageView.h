@@ -7,7 +7,7 @@
 namespace reelsmith {
 
 /// A place for a picture.
-class ImageView : public View {
+class ImageView : public reelsmith::View {
     Q_OBJECT
 
 public:

@@ -6,7 +6,7 @@
 namespace reelsmith {
 
 /// A text on the screen.
-class Label : public View {
+class Label : public reelsmith::View {
     Q_OBJECT
     Q_PROPERTY(QString text READ text WRITE setText NOTIFY changed)
 

@@ -6,7 +6,7 @@
 namespace reelsmith {
 
 /// A distance of a layout that its controller may change.
-class LayoutConstraint : public View {
+class LayoutConstraint : public reelsmith::View {
     Q_OBJECT
     Q_PROPERTY(qreal constant READ constant NOTIFY changed)
 

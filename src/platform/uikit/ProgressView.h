@@ -6,7 +6,7 @@
 namespace reelsmith {
 
 /// A bar that fills from left to right.
-class ProgressView : public View {
+class ProgressView : public reelsmith::View {
     Q_OBJECT
     Q_PROPERTY(qreal progress READ progress NOTIFY changed)
     Q_PROPERTY(bool isIndeterminate READ isIndeterminate NOTIFY changed)

@@ -9,7 +9,7 @@ namespace reelsmith {
 
 /// One piece of a collection or table, used anew for whatever item comes into sight. Its looks are an
 /// interface file named after its class. Main thread.
-class ReusableCell : public View {
+class ReusableCell : public reelsmith::View {
     Q_OBJECT
     Q_PROPERTY(QString interfaceName READ interfaceName CONSTANT)
     Q_PROPERTY(QRectF frame READ frame NOTIFY placed)

@@ -6,7 +6,7 @@
 namespace reelsmith {
 
 /// A row of segments of which one is selected; titles are the interface file's.
-class SegmentedControl : public View {
+class SegmentedControl : public reelsmith::View {
     Q_OBJECT
     Q_PROPERTY(
         int selectedSegmentIndex READ selectedSegmentIndex WRITE setSelectedSegmentIndex NOTIFY changed)

@@ -6,7 +6,7 @@
 namespace reelsmith {
 
 /// Something that is on or off.
-class Switch : public View {
+class Switch : public reelsmith::View {
     Q_OBJECT
     Q_PROPERTY(bool isOn READ isOn WRITE setOn NOTIFY changed)
 

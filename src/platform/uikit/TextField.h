@@ -8,7 +8,7 @@
 namespace reelsmith {
 
 /// One line of text that the user edits.
-class TextField : public View {
+class TextField : public reelsmith::View {
     Q_OBJECT
     Q_PROPERTY(QString text READ displayedText WRITE setText NOTIFY changed)
 

@@ -9,7 +9,7 @@
 namespace reelsmith {
 
 /// A short message with buttons, or a list of choices. Goes when one is pressed. Main thread.
-class UIAlertController : public UIViewController {
+class UIAlertController : public reelsmith::UIViewController {
     Q_OBJECT
     Q_PROPERTY(QString message READ message CONSTANT)
     Q_PROPERTY(bool isActionSheet READ isActionSheet CONSTANT)

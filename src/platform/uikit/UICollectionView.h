@@ -43,7 +43,7 @@ public:
 
 /// A grid of tiles. Asks its data source and delegate anew with each reload and for each other width. Main
 /// thread.
-class UICollectionView : public CellsView {
+class UICollectionView : public reelsmith::CellsView {
     Q_OBJECT
 
 public:

@@ -6,7 +6,7 @@
 namespace reelsmith {
 
 /// One tile of a collection; this one is empty.
-class UICollectionViewCell : public ReusableCell {
+class UICollectionViewCell : public reelsmith::ReusableCell {
     Q_OBJECT
 
 public:

@@ -11,7 +11,7 @@
 namespace reelsmith {
 
 /// An open context menu, with the cell that it belongs to lifted beside it. Main thread.
-class UIContextMenuController : public UIViewController {
+class UIContextMenuController : public reelsmith::UIViewController {
     Q_OBJECT
     Q_PROPERTY(QVariantList actions READ actions CONSTANT)
     Q_PROPERTY(reelsmith::ReusableCell* cell READ cell CONSTANT)

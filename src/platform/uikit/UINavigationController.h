@@ -13,7 +13,7 @@ class TransitionDriver;
 
 /// A stack of screens of which the uppermost is seen, with a bar above it and perhaps a toolbar below. Owns
 /// its screens. Main thread.
-class UINavigationController : public UIViewController {
+class UINavigationController : public reelsmith::UIViewController {
     Q_OBJECT
     Q_PROPERTY(QString barTitle READ barTitle NOTIFY stackChanged)
     Q_PROPERTY(bool isAtRoot READ isAtRoot NOTIFY stackChanged)

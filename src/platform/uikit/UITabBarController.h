@@ -10,7 +10,7 @@ namespace reelsmith {
 
 /// Several screens side by side, one of them seen, and a bar to choose it with. Owns its screens. Main
 /// thread.
-class UITabBarController : public UIViewController {
+class UITabBarController : public reelsmith::UIViewController {
     Q_OBJECT
     Q_PROPERTY(int selectedIndex READ selectedIndex WRITE setSelectedIndex NOTIFY selectedIndexChanged)
     Q_PROPERTY(bool isTabBarHidden READ isTabBarHidden NOTIFY tabsChanged)

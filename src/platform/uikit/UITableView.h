@@ -39,7 +39,7 @@ public:
 };
 
 /// Rows below each other, in sections with headers. Main thread.
-class UITableView : public CellsView {
+class UITableView : public reelsmith::CellsView {
     Q_OBJECT
     Q_PROPERTY(QVariantList headers READ headers NOTIFY layoutChanged)
     Q_PROPERTY(qreal rowHeight READ rowHeight WRITE setRowHeight NOTIFY layoutChanged)

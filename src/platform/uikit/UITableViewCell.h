@@ -6,7 +6,7 @@
 namespace reelsmith {
 
 /// One row of a table; this one is empty.
-class UITableViewCell : public ReusableCell {
+class UITableViewCell : public reelsmith::ReusableCell {
     Q_OBJECT
 
 public:
