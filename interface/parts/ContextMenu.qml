@@ -35,9 +35,11 @@ Overlay {
     Rectangle {
         id: menu
 
+        readonly property real wantedY: overlay.isAbove ? overlay.anchorRect.y - Theme.gap24 - height
+                                                        : overlay.anchorBottom + Theme.gap24
+
         x: overlay.isAtRight ? overlay.anchorRight - width : Theme.sideMargin
-        y: overlay.isAbove ? Math.max(Theme.overlayMargin, overlay.anchorRect.y - Theme.gap24 - height)
-                           : overlay.anchorBottom + Theme.gap24
+        y: Math.max(Theme.overlayMargin, Math.min(overlay.height - Theme.overlayMargin - height, wantedY))
         width: Theme.menuWidth
         height: rows.height
         radius: Theme.cardRadius

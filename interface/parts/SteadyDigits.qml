@@ -16,8 +16,9 @@ Row {
     FontMetrics {
         id: metrics
 
-        readonly property real widest: Math.max(advanceWidth("0"), advanceWidth("2"), advanceWidth("4"),
-                                                advanceWidth("6"), advanceWidth("8"))
+        // Naming the font has it measured again when that changes.
+        readonly property real widest: font.pixelSize > 0 ? Math.max(advanceWidth("0"), advanceWidth("2"), advanceWidth("4"),
+                                                                     advanceWidth("6"), advanceWidth("8")) : 0
 
         font.pixelSize: digits.textStyle.scaledSize
         font.weight: digits.textStyle.weight

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "fakes/ConsoleCapture.h"
+#include "fakes/RunLoop.h"
+
+#include "platform/uikit/UIViewController.h"
+#include "platform/uikit/UIWindow.h"
+#include "window/Appearance.h"
+#include "window/WindowApplication.h"
+
+#include <QQuickItem>
+#include <vector>
+
+namespace reelsmith {
+
+/// The application in its window as a user finds it at the first start, with no desktop around it but one
+/// that shares files, with the scripted worker, and where nothing takes time.
+class TestApplication {
+public:
+    TestApplication();
+
+    QQuickWindow& window() { return m_application->quickWindow(); }
+    Appearance& appearance() { return m_application->appearance(); }
+    UIWindow& screens() { return *m_application->delegate().window(); }
+    UIViewController& root() { return *screens().rootViewController(); }
+    UIViewController& frontScreen() { return *screens().frontmost(); }
+    QQuickItem& frontItem() { return *m_application->host().item(frontScreen()); }
+    QQuickItem& rootItem() { return *m_application->host().item(root()); }
+
+    /// Hands a file over as another application would.
+    void open(const QString& path) { m_application->open({QUrl::fromLocalFile(path)}); }
+    void present(std::unique_ptr<UIViewController> screen);
+    void resize(QSize size);
+
+    /// Runs until no change of screens is going on or asked for.
+    void settle();
+    /// Settles, and until such a screen is in front; null if none ever is.
+    template<typename Screen>
+    Screen* await() {
+        Screen* found = nullptr;
+        runLoopUntil([&] {
+            found = qobject_cast<Screen*>(&frontScreen());
+            return found != nullptr && screens().presentations().isIdle();
+        });
+        return found;
+    }
+
+    /// The control of that object name in front; a failure if it is not there to see.
+    QQuickItem& control(const QString& name);
+    void tap(const QString& name);
+    /// Two taps so soon after each other that nothing can happen in between.
+    void tapTwice(const QString& name);
+    void press(Qt::Key key);
+    void type(const QString& text);
+
+    /// Ends the application, as leaving main() does.
+    void end() { m_application.reset(); }
+
+private:
+    ConsoleCapture m_console;
+    std::unique_ptr<WindowApplication> m_application;
+};
+
+/// All that can be seen of an item and what stands in it, itself included.
+std::vector<QQuickItem*> visibleItems(QQuickItem& item);
+
+/// Those among them that take presses or keys.
+std::vector<QQuickItem*> controls(QQuickItem& item);
+
+QRectF sceneRectangle(const QQuickItem& item);
+
+/// A file in the home folder, made with all the folders above it.
+QString homeFile(const QString& name, const QByteArray& contents = {});
+
+} // namespace reelsmith
