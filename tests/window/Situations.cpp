@@ -3,7 +3,10 @@
 
 #include "conversion/ProgressViewController.h"
 #include "conversion/VideoConversionViewController.h"
+#include "fakes/ScriptedMailDrafts.h"
 #include "library/VideosViewController.h"
+#include "platform/screens/MFMailComposeViewController.h"
+#include "platform/screens/PlatformServices.h"
 #include "platform/screens/UIActivityViewController.h"
 #include "platform/screens/UIDocumentPickerViewController.h"
 #include "platform/screens/UIImagePickerController.h"
@@ -93,6 +96,18 @@ void shareSheet(TestApplication& application) {
     application.present(std::make_unique<UIActivityViewController>(QList<QUrl>{file}));
 }
 
+void licences(TestApplication& application) {
+    application.tap("tab2");
+    // Far down in a low window.
+    QMetaObject::invokeMethod(tab(application, 2).topViewController(), "licencesTapped");
+    EXPECT_TRUE(runLoopUntil([&] { return tab(application, 2).topViewController()->isVisible(); }));
+}
+
+void writingAMail(TestApplication& application) {
+    PlatformServices::shared().mailDrafts = std::make_unique<ScriptedMailDrafts>();
+    application.present(std::make_unique<MFMailComposeViewController>());
+}
+
 void failure(TestApplication& application) {
     auto alert = std::make_unique<UIAlertController>(
         "Conversion Failed", "Reelsmith could not convert the selected video.\nReason: Invalid file",
@@ -107,6 +122,15 @@ void question(TestApplication& application) {
     alert->addAction("stop", UIAlertController::ActionStyle::Destructive);
     alert->addAction("keep converting", UIAlertController::ActionStyle::Cancel);
     application.present(std::move(alert));
+}
+
+void choice(TestApplication& application) {
+    auto sheet = std::make_unique<UIAlertController>("Which one?", "Either will do.",
+                                                     UIAlertController::Style::ActionSheet);
+    sheet->addAction("this", UIAlertController::ActionStyle::Default);
+    sheet->addAction("that", UIAlertController::ActionStyle::Destructive);
+    sheet->addAction("none", UIAlertController::ActionStyle::Cancel);
+    application.present(std::move(sheet));
 }
 
 template<typename Cell>
@@ -128,6 +152,8 @@ const std::vector<Situation>& situations() {
         {"library list", [](TestApplication& application) { application.tap("tab1"); }},
         {"library grid", libraryGrid},
         {"settings", [](TestApplication& application) { application.tap("tab2"); }},
+        {"licences", licences},
+        {"writing a mail", writingAMail},
         {"photo library", photoLibrary},
         {"empty photo library", emptyPhotoLibrary},
         {"places", places},
@@ -139,6 +165,7 @@ const std::vector<Situation>& situations() {
         {"share sheet", shareSheet},
         {"failure", failure},
         {"question", question},
+        {"choice", choice},
         {"menu of a tile", contextMenu<UICollectionViewCell>},
         {"menu of a row", contextMenu<UITableViewCell>},
     };

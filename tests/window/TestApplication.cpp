@@ -64,14 +64,17 @@ void TestApplication::settle() {
 
 QQuickItem& TestApplication::control(const QString& name) {
     for (QQuickItem* item : visibleItems(frontItem())) {
-        if (item->objectName() == name)
+        if (item->objectName() == name || item->property("label") == name)
             return *item;
     }
     throw std::runtime_error("Nothing in front is called " + name.toStdString());
 }
 
 void TestApplication::tap(const QString& name) {
-    const QPointF place = sceneRectangle(control(name)).center();
+    tapAt(sceneRectangle(control(name)).center());
+}
+
+void TestApplication::tapAt(QPointF place) {
     QTest::mouseClick(&window(), Qt::LeftButton, {}, place.toPoint());
 }
 

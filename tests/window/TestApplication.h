@@ -46,16 +46,14 @@ public:
         return found;
     }
 
-    /// The control of that object name in front; a failure if it is not there to see.
+    /// The control in front of that object name or label; a failure if it is not there to see.
     QQuickItem& control(const QString& name);
     void tap(const QString& name);
+    void tapAt(QPointF place);
     /// Two taps so soon after each other that nothing can happen in between.
     void tapTwice(const QString& name);
     void press(Qt::Key key);
     void type(const QString& text);
-
-    /// Ends the application, as leaving main() does.
-    void end() { m_application.reset(); }
 
 private:
     ConsoleCapture m_console;
