@@ -13,7 +13,7 @@ Screen {
     Item {
         id: stage
 
-        anchors.top: bar.bottom
+        anchors.top: bar.visible ? bar.bottom : parent.top
         anchors.bottom: toolbar.visible ? toolbar.top : parent.bottom
         width: parent.width
         clip: true
@@ -22,6 +22,7 @@ Screen {
         id: bar
 
         width: parent.width
+        visible: !screen.controller.isNavigationBarHidden
         title: screen.controller.barTitle
         hasBack: !screen.controller.isAtRoot
         onBack: screen.controller.goBack()

@@ -83,6 +83,7 @@ QtObject {
     readonly property TextStyle body: TextStyle { size: 16; line: 22 }
     readonly property TextStyle message: TextStyle { size: 15; line: 21 }
     readonly property TextStyle note: TextStyle { size: 14; line: 20 }
+    readonly property TextStyle sectionTitle: TextStyle { size: 13; line: 18; weight: 600 }
     readonly property TextStyle smallNote: TextStyle { size: 13; line: 18 }
     readonly property TextStyle tileName: TextStyle { size: 13; line: 17; weight: 500 }
     readonly property TextStyle tileNameOnPicture: TextStyle { size: 13; line: 17; weight: 600 }
@@ -105,6 +106,7 @@ QtObject {
     readonly property int sideMargin: 20
     readonly property int cardGap: 12
     readonly property int rowGap: 8
+    readonly property int groupGap: 28
     readonly property int cardPadding: 16
     readonly property int rowPadding: 11
     readonly property int sheetPadding: 20
@@ -147,6 +149,8 @@ QtObject {
     readonly property int switchKnobSize: 26
     readonly property int closeSize: 32
     readonly property int rowHeight: 56
+    readonly property int settingsRow: 60
+    readonly property int aboutIcon: 52
     readonly property int sourceCardHeight: 148
     readonly property int sourceRowHeight: 76
     readonly property real heroHeight: Math.max(144, Math.min(232, Math.round(0.305 * windowHeight)))

@@ -7,6 +7,7 @@
 #include "conversion/VideoConversionViewController.h"
 #include "library/ConvertedVideosViewController.h"
 #include "library/VideosViewController.h"
+#include "platform/screens/MFMailComposeViewController.h"
 #include "platform/screens/UIActivityViewController.h"
 #include "platform/screens/UIDocumentPickerCell.h"
 #include "platform/screens/UIDocumentPickerViewController.h"
@@ -31,8 +32,10 @@
 #include "platform/uikit/UITabBarController.h"
 #include "platform/uikit/UITableView.h"
 #include "platform/uikit/UITableViewCell.h"
+#include "platform/uikit/UITableViewController.h"
 #include "platform/uikit/UIViewController.h"
 #include "platform/uikit/View.h"
+#include "settings/LicencesViewController.h"
 #include "settings/SettingsViewController.h"
 #include "sources/ConversionQualityViewController.h"
 #include "sources/URLInputViewController.h"
@@ -181,6 +184,27 @@ struct ViewForeign {
     QML_FOREIGN(reelsmith::View)
     QML_NAMED_ELEMENT(View)
     QML_UNCREATABLE("A controller's outlet")
+};
+
+struct LicencesViewControllerForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::LicencesViewController)
+    QML_NAMED_ELEMENT(LicencesViewController)
+    QML_UNCREATABLE("Comes with its screen")
+};
+
+struct MFMailComposeViewControllerForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::MFMailComposeViewController)
+    QML_NAMED_ELEMENT(MFMailComposeViewController)
+    QML_UNCREATABLE("Comes with its screen")
+};
+
+struct UITableViewControllerForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::UITableViewController)
+    QML_NAMED_ELEMENT(UITableViewController)
+    QML_UNCREATABLE("A class of screens")
 };
 
 struct SettingsViewControllerForeign {

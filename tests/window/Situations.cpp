@@ -4,7 +4,10 @@
 #include "conversion/ProgressViewController.h"
 #include "conversion/VideoConversionViewController.h"
 #include "fakes/ScriptedMailDrafts.h"
+#include "fakes/ScriptedMailDrafts.h"
 #include "library/VideosViewController.h"
+#include "platform/screens/MFMailComposeViewController.h"
+#include "platform/screens/PlatformServices.h"
 #include "platform/screens/MFMailComposeViewController.h"
 #include "platform/screens/PlatformServices.h"
 #include "platform/screens/UIActivityViewController.h"
@@ -108,6 +111,18 @@ void writingAMail(TestApplication& application) {
     application.present(std::make_unique<MFMailComposeViewController>());
 }
 
+void licences(TestApplication& application) {
+    application.tap("tab2");
+    // Far down in a low window.
+    QMetaObject::invokeMethod(tab(application, 2).topViewController(), "licencesTapped");
+    EXPECT_TRUE(runLoopUntil([&] { return tab(application, 2).topViewController()->isVisible(); }));
+}
+
+void writingAMail(TestApplication& application) {
+    PlatformServices::shared().mailDrafts = std::make_unique<ScriptedMailDrafts>();
+    application.present(std::make_unique<MFMailComposeViewController>());
+}
+
 void failure(TestApplication& application) {
     auto alert = std::make_unique<UIAlertController>(
         "Conversion Failed", "Reelsmith could not convert the selected video.\nReason: Invalid file",
@@ -152,6 +167,8 @@ const std::vector<Situation>& situations() {
         {"library list", [](TestApplication& application) { application.tap("tab1"); }},
         {"library grid", libraryGrid},
         {"settings", [](TestApplication& application) { application.tap("tab2"); }},
+        {"licences", licences},
+        {"writing a mail", writingAMail},
         {"licences", licences},
         {"writing a mail", writingAMail},
         {"photo library", photoLibrary},

@@ -17,6 +17,9 @@ public:
 
     Style style() const { return m_style; }
 
+    /// Says that an impact is near. Devices here are always ready.
+    void prepare() const {}
+
     /// Devices here know one strength, whatever the style.
     void impactOccurred() const { haptics()->impactOccurred(); }
 

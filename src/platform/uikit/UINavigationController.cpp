@@ -130,6 +130,11 @@ void UINavigationController::setRootViewController(std::unique_ptr<UIViewControl
     release(std::move(released));
 }
 
+void UINavigationController::setNavigationBarHidden(bool hidden, Animated /*animated*/) {
+    m_isNavigationBarHidden = hidden;
+    emit stackChanged();
+}
+
 void UINavigationController::setToolbarHidden(bool hidden, Animated /*animated*/) {
     m_isToolbarHidden = hidden;
     emit stackChanged();

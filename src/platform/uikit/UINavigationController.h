@@ -17,6 +17,7 @@ class UINavigationController : public reelsmith::UIViewController {
     Q_OBJECT
     Q_PROPERTY(QString barTitle READ barTitle NOTIFY stackChanged)
     Q_PROPERTY(bool isAtRoot READ isAtRoot NOTIFY stackChanged)
+    Q_PROPERTY(bool isNavigationBarHidden READ isNavigationBarHidden NOTIFY stackChanged)
     Q_PROPERTY(bool isToolbarHidden READ isToolbarHidden NOTIFY stackChanged)
     Q_PROPERTY(bool hidesBottomBar READ hidesBottomBar NOTIFY stackChanged)
     Q_PROPERTY(QList<QObject*> barItems READ barItems NOTIFY stackChanged)
@@ -43,6 +44,9 @@ public:
 
     /// Replaces the whole stack by one screen, at once.
     void setRootViewController(std::unique_ptr<UIViewController> root);
+
+    bool isNavigationBarHidden() const { return m_isNavigationBarHidden; }
+    void setNavigationBarHidden(bool hidden, Animated animated);
 
     bool isToolbarHidden() const { return m_isToolbarHidden; }
     void setToolbarHidden(bool hidden, Animated animated);
@@ -77,6 +81,7 @@ private:
     TransitionQueue m_queue;
     BarAppearance m_standardAppearance;
     BarAppearance m_scrollEdgeAppearance;
+    bool m_isNavigationBarHidden = false;
     bool m_isToolbarHidden = true;
 };
 

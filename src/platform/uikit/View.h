@@ -11,6 +11,8 @@ class View : public QObject {
     Q_OBJECT
     Q_PROPERTY(bool isHidden READ isHidden WRITE setHidden NOTIFY changed)
     Q_PROPERTY(bool isEnabled READ isEnabled WRITE setEnabled NOTIFY changed)
+    Q_PROPERTY(qreal alpha READ alpha WRITE setAlpha NOTIFY changed)
+    Q_PROPERTY(qreal cornerRadius READ cornerRadius WRITE setCornerRadius NOTIFY changed)
     Q_PROPERTY(qreal borderWidth READ borderWidth NOTIFY changed)
     Q_PROPERTY(QString borderColorName READ borderColorName NOTIFY changed)
 
@@ -22,6 +24,12 @@ public:
 
     bool isEnabled() const { return m_isEnabled; }
     void setEnabled(bool enabled);
+
+    qreal alpha() const { return m_alpha; } ///< 0, not to be seen, to 1
+    void setAlpha(qreal alpha) { assign(m_alpha, alpha); }
+
+    qreal cornerRadius() const { return m_cornerRadius; } ///< in points
+    void setCornerRadius(qreal radius) { assign(m_cornerRadius, radius); }
 
     qreal borderWidth() const { return m_borderWidth; }                  ///< in points
     const QString& borderColorName() const { return m_borderColorName; } ///< a platform colour, "light gray"
@@ -44,6 +52,8 @@ protected:
 private:
     bool m_isHidden = false;
     bool m_isEnabled = true;
+    qreal m_alpha = 1;
+    qreal m_cornerRadius = 0;
     qreal m_borderWidth = 0;
     QString m_borderColorName;
 };

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+
+/// What the rows below it are about.
+StyledText {
+    leftPadding: Theme.gap4
+    bottomPadding: Theme.gap8
+    textStyle: Theme.sectionTitle
+    color: Theme.inkSoft
+    Accessible.role: Accessible.Heading
+    Accessible.name: text
+}

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "settings/LicencesViewController.h"
+
+#include "platform/foundation/FatalError.h"
+
+#include <QFile>
+
+namespace reelsmith {
+
+namespace {
+
+const QString parts = QStringLiteral("Reelsmith: GNU GPL, version 3 or later\n"
+                                     "Qt: GNU LGPL, version 3\n"
+                                     "FFmpeg, with x264: GNU GPL, version 2 or later\n"
+                                     "zimg: WTFPL, version 2\n"
+                                     "libseccomp: GNU LGPL, version 2.1\n"
+                                     "expected: CC0");
+
+} // namespace
+
+void LicencesViewController::viewDidLoad() {
+    setTitle(QStringLiteral("Licences"));
+    QFile licence(QStringLiteral(":/LICENSE"));
+    if (!licence.open(QIODevice::ReadOnly))
+        fatalError("The licence is missing", "settings/LicencesViewController", __LINE__);
+    m_partsLabel.setText(parts);
+    m_licenceLabel.setText(QString::fromUtf8(licence.readAll()));
+}
+
+} // namespace reelsmith

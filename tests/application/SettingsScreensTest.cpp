@@ -1,0 +1,178 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Support.h"
+
+#include "fakes/ScriptedMailDrafts.h"
+#include "platform/screens/MFMailComposeViewController.h"
+#include "platform/screens/PlatformServices.h"
+#include "platform/uikit/UIAlertController.h"
+#include "platform/uikit/UIApplication.h"
+#include "platform/uikit/UINavigationController.h"
+#include "platform/uikit/UIWindow.h"
+#include "settings/Endpoints.h"
+#include "settings/LicencesViewController.h"
+#include "settings/SettingsViewController.h"
+#include "settings/UserSettings.h"
+
+using namespace reelsmith;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Notes what it is asked to open.
+class LinkList : public LinkOpener {
+public:
+    void open(const QUrl& url, Completion /*completion*/) override { opened.append(url.toString()); }
+
+    QStringList opened;
+};
+
+class SettingsScreens : public ApplicationTest {
+protected:
+    SettingsScreens() {
+        UserSettings::shared().setSendUsageData(true);
+        UserSettings::shared().setAchievedSuccess(false);
+        UIApplication::shared().setLinkOpener(m_links);
+        UIApplication::shared().setKeyWindow(&m_window);
+        auto mail = std::make_unique<ScriptedMailDrafts>();
+        m_mail = mail.get();
+        PlatformServices::install({.mailDrafts = std::move(mail)});
+    }
+    ~SettingsScreens() override {
+        m_window.setRootViewController(nullptr);
+        UIApplication::shared().setLinkOpener(std::make_shared<LinkOpener>());
+        UIApplication::shared().setKeyWindow(nullptr);
+        PlatformServices::install({});
+    }
+
+    template<typename Screen>
+    Screen& showRoot(std::unique_ptr<Screen> screen) {
+        Screen& shown = *screen;
+        m_window.setRootViewController(std::move(screen));
+        m_window.makeKeyAndVisible();
+        return shown;
+    }
+    SettingsViewController& showSettings() {
+        auto screen = std::make_unique<SettingsViewController>();
+        SettingsViewController& shown = *screen;
+        showRoot(std::make_unique<UINavigationController>(std::move(screen)));
+        return shown;
+    }
+    /// The screen in front, once it is one of this kind and takes input; null if it never is.
+    template<typename Screen>
+    Screen* await() {
+        Screen* found = nullptr;
+        runLoopUntil([&] {
+            found = qobject_cast<Screen*>(m_window.frontmost());
+            return found != nullptr && m_window.presentations().isIdle();
+        });
+        return found;
+    }
+    bool isAtRoot() {
+        return runLoopUntil([this] {
+            return m_window.presentations().isIdle() && m_window.presentations().screens().empty();
+        });
+    }
+    QStringList events() const {
+        QStringList names;
+        for (const auto& event : m_services.analytics->state().events)
+            names.append(event.name);
+        return names;
+    }
+
+    std::shared_ptr<LinkList> m_links = std::make_shared<LinkList>();
+    ScriptedMailDrafts* m_mail;
+    UIWindow m_window;
+};
+
+} // namespace
+
+TEST_F(SettingsScreens, TheSwitchShowsTheConsentAtEachAppearanceAndChangesItAtOnce) {
+    SettingsViewController& settings = showSettings();
+    EXPECT_TRUE(settings.usageSwitch()->isOn());
+    settings.usageSwitch()->setOn(false);
+    settings.appUsageSwitchChanged();
+    EXPECT_FALSE(UserSettings::shared().sendUsageData());
+    EXPECT_FALSE(showSettings().usageSwitch()->isOn());
+    EXPECT_EQ(events(), QStringList());
+}
+
+TEST_F(SettingsScreens, OnlyTheNamedRowsLeadAnywhere) {
+    struct Case {
+        int section, row;
+        bool hasConsent;
+        QStringList opened, events;
+    };
+    const Case cases[] = {
+        {0, 0, true, {}, {}},
+        {0, 1, true, {}, {}},
+        {0, 2, true, {Endpoints::developerPage}, {u"developer_tapped"_s}},
+        {0, 2, false, {Endpoints::developerPage}, {}},
+        {1, 0, true, {Endpoints::makerWebSite}, {}},
+        {2, 0, true, {}, {}},
+    };
+    m_mail->isThere = false;
+    SettingsViewController& settings = showSettings();
+    for (const Case& tapped : cases) {
+        SCOPED_TRACE(tapped.section * 10 + tapped.row);
+        UserSettings::shared().setSendUsageData(tapped.hasConsent);
+        m_links->opened.clear();
+        m_services.analytics->reset();
+        settings.selectRow(tapped.section, tapped.row);
+        EXPECT_EQ(settings.indexPathForSelectedRow(), std::nullopt);
+        EXPECT_EQ(m_links->opened, tapped.opened);
+        EXPECT_EQ(events(), tapped.events);
+        EXPECT_TRUE(isAtRoot());
+    }
+    settings.seeMoreTapped();
+    EXPECT_EQ(m_links->opened.last(), Endpoints::productWebSite);
+}
+
+TEST_F(SettingsScreens, AMailsEndClosesTheComposerAndOnlyAFailureIsTold) {
+    SettingsViewController& settings = showSettings();
+    for (const auto outcome :
+         {MailDrafts::Outcome::Saved, MailDrafts::Outcome::Cancelled, MailDrafts::Outcome::Failed}) {
+        settings.selectRow(1, 0);
+        ASSERT_NE(await<MFMailComposeViewController>(), nullptr);
+        EXPECT_EQ(m_mail->draft.subject, u"Reelsmith Problem"_s);
+        EXPECT_EQ(m_mail->draft.recipients, Endpoints::supportRecipients);
+        m_mail->end(outcome);
+        if (outcome == MailDrafts::Outcome::Failed) {
+            auto* alert = await<UIAlertController>();
+            ASSERT_NE(alert, nullptr);
+            EXPECT_EQ(alert->title() + u": "_s + alert->message(), u"Error: Failed to send email"_s);
+            EXPECT_EQ(alert->actions().first().toMap().value(u"title"_s), u"OK"_s);
+            alert->press(0);
+        }
+        EXPECT_TRUE(isAtRoot());
+    }
+    EXPECT_TRUE(m_links->opened.isEmpty());
+}
+
+TEST_F(SettingsScreens, AMailThatIsKnownToBeSentIsTold) {
+    SettingsViewController& settings = showSettings();
+    settings.selectRow(1, 0);
+    auto* composer = await<MFMailComposeViewController>();
+    ASSERT_NE(composer, nullptr);
+    settings.mailComposeControllerDidFinishWith(*composer, MFMailComposeResult::Sent, std::nullopt);
+    auto* alert = await<UIAlertController>();
+    ASSERT_NE(alert, nullptr);
+    EXPECT_EQ(alert->title() + u": "_s + alert->message(),
+              u"Message Sent: We will review it and respond shortly"_s);
+}
+
+TEST_F(SettingsScreens, EscapeCancelsTheMail) {
+    showSettings().selectRow(1, 0);
+    ASSERT_NE(await<MFMailComposeViewController>(), nullptr);
+    EXPECT_TRUE(m_window.goBack());
+    EXPECT_TRUE(isAtRoot());
+    EXPECT_FALSE(m_mail->isComposing());
+}
+
+TEST_F(SettingsScreens, TheLicencesHoldTheTermsOfTheApplicationWhole) {
+    showSettings().licencesTapped();
+    auto& stack = *qobject_cast<UINavigationController*>(m_window.rootViewController());
+    ASSERT_TRUE(runLoopUntil([&stack] { return stack.topViewController()->isVisible(); }));
+    auto* licences = qobject_cast<LicencesViewController*>(stack.topViewController());
+    ASSERT_NE(licences, nullptr);
+    EXPECT_TRUE(licences->licenceLabel()->text().contains(u"END OF TERMS AND CONDITIONS"_s));
+}
