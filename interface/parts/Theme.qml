@@ -151,6 +151,9 @@ QtObject {
     readonly property int rowHeight: 56
     readonly property int settingsRow: 60
     readonly property int aboutIcon: 52
+    readonly property int feedbackIcon: 80
+    readonly property real shareAbove: 0.355
+    readonly property int closeMargin: 14
     readonly property int sourceCardHeight: 148
     readonly property int sourceRowHeight: 76
     readonly property real heroHeight: Math.max(144, Math.min(232, Math.round(0.305 * windowHeight)))

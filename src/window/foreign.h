@@ -35,8 +35,10 @@
 #include "platform/uikit/UITableViewController.h"
 #include "platform/uikit/UIViewController.h"
 #include "platform/uikit/View.h"
+#include "settings/FeedbackViewController.h"
 #include "settings/LicencesViewController.h"
 #include "settings/SettingsViewController.h"
+#include "settings/StarEvaluationView.h"
 #include "sources/ConversionQualityViewController.h"
 #include "sources/URLInputViewController.h"
 
@@ -184,6 +186,34 @@ struct ViewForeign {
     QML_FOREIGN(reelsmith::View)
     QML_NAMED_ELEMENT(View)
     QML_UNCREATABLE("A controller's outlet")
+};
+
+struct ContentViewForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::ContentView)
+    QML_NAMED_ELEMENT(ContentView)
+    QML_UNCREATABLE("A view's content")
+};
+
+struct InstantiatiableXibForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::InstantiatiableXib)
+    QML_NAMED_ELEMENT(InstantiatiableXib)
+    QML_UNCREATABLE("A controller's outlet")
+};
+
+struct StarEvaluationViewForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::StarEvaluationView)
+    QML_NAMED_ELEMENT(StarEvaluationView)
+    QML_UNCREATABLE("A controller's outlet")
+};
+
+struct FeedbackViewControllerForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::FeedbackViewController)
+    QML_NAMED_ELEMENT(FeedbackViewController)
+    QML_UNCREATABLE("Comes with its screen")
 };
 
 struct LicencesViewControllerForeign {

@@ -2,6 +2,7 @@
 #include "Support.h"
 
 #include "fakes/ScriptedMailDrafts.h"
+#include "platform/foundation/UserDefaults.h"
 #include "platform/screens/MFMailComposeViewController.h"
 #include "platform/screens/PlatformServices.h"
 #include "platform/uikit/UIAlertController.h"
@@ -9,6 +10,7 @@
 #include "platform/uikit/UINavigationController.h"
 #include "platform/uikit/UIWindow.h"
 #include "settings/Endpoints.h"
+#include "settings/FeedbackViewController.h"
 #include "settings/LicencesViewController.h"
 #include "settings/SettingsViewController.h"
 #include "settings/UserSettings.h"
@@ -25,6 +27,25 @@ public:
 
     QStringList opened;
 };
+
+/// A store in which an application can be rated.
+class Store : public StorePage {
+    bool isAvailable() const override { return true; }
+};
+
+/// Has one interface file too few.
+class NoStars : public InterfaceLoader {
+    Result<void> load(const QString& name) override {
+        return name == u"StarEvaluationView" ? failure(u"no such file"_s) : Result<void>();
+    }
+};
+
+void forgetStorePrompts() {
+    UserDefaults& defaults = UserDefaults::standard();
+    defaults.setBoolForKey(false, u"STORE_REVIEW_PROMPT_SHOWN_" REELSMITH_VERSION ""_s);
+    for (int i = 0; i < 3; ++i)
+        defaults.setIntegerForKey(0, u"STORE_REVIEW_PROMPT_TIME_"_s + QString::number(i));
+}
 
 class SettingsScreens : public ApplicationTest {
 protected:
@@ -175,4 +196,62 @@ TEST_F(SettingsScreens, TheLicencesHoldTheTermsOfTheApplicationWhole) {
     auto* licences = qobject_cast<LicencesViewController*>(stack.topViewController());
     ASSERT_NE(licences, nullptr);
     EXPECT_TRUE(licences->licenceLabel()->text().contains(u"END OF TERMS AND CONDITIONS"_s));
+}
+
+TEST_F(SettingsScreens, AHighRatingIsRememberedAndLeadsToTheStore) {
+    struct Case {
+        QList<int> tags;
+        bool hasConsent;
+        qint64 rating;
+        bool isHigh;
+    };
+    const Case cases[] = {{{3, 1}, true, 2, false},
+                          {{2}, true, 3, false},
+                          {{1, 3}, true, 4, true},
+                          {{4, 4}, false, 5, true},
+                          {{4}, true, 5, true}};
+    for (const Case& rated : cases) {
+        SCOPED_TRACE(rated.rating);
+        forgetStorePrompts();
+        UserSettings::shared().setAchievedSuccess(false);
+        UserSettings::shared().setSendUsageData(rated.hasConsent);
+        m_services.analytics->reset();
+        PlatformServices::shared().storePage = std::make_unique<Store>();
+        UIViewController& below = showRoot(std::make_unique<UIViewController>());
+        below.present(std::make_unique<FeedbackViewController>(), Animated::Yes);
+        auto* screen = await<FeedbackViewController>();
+        ASSERT_NE(screen, nullptr);
+        EXPECT_EQ(screen->evaluation(), 0);
+        EXPECT_FALSE(screen->sendButton()->isEnabled());
+        EXPECT_EQ(screen->sendButton()->alpha(), 0.5);
+        EXPECT_EQ(screen->sendButton()->cornerRadius(), 16);
+        for (const int tag : rated.tags)
+            screen->starEvaluationView()->starSelected(tag);
+        EXPECT_EQ(screen->starEvaluationView()->litStarCount(), rated.rating);
+        EXPECT_TRUE(screen->sendButton()->isEnabled());
+        EXPECT_EQ(screen->sendButton()->alpha(), 1);
+        screen->sendTapped();
+        screen->sendTapped(); // a double tap
+        if (rated.isHigh)
+            EXPECT_NE(await<UIAlertController>(), nullptr);
+        else
+            EXPECT_TRUE(isAtRoot());
+        EXPECT_EQ(UserSettings::shared().achievedSuccess(), rated.isHigh);
+        QList<InMemoryAnalytics::Event> expected;
+        if (rated.hasConsent)
+            expected.append({u"evaluated_app"_s, AnalyticsParameters{{u"rating"_s, rated.rating}}});
+        EXPECT_EQ(m_services.analytics->state().events, expected);
+    }
+}
+
+TEST_F(SettingsScreens, AStarRowWithoutStarsOrItsInterfaceFileIsNone) {
+    StarEvaluationView row;
+    row.setStarImageViews({});
+    row.starSelected(2);
+    EXPECT_EQ(row.litStarCount(), 0);
+    static NoStars loader; // the window looks back at them when it ends
+    static TransitionDriver driver;
+    m_window.setDriver(driver, loader);
+    EXPECT_DEATH(StarEvaluationView(),
+                 "The interface file \"StarEvaluationView\" cannot be loaded: no such file");
 }

@@ -10,6 +10,7 @@
 #include "platform/screens/VideoCollection.h"
 #include "platform/uikit/UIAlertController.h"
 #include "platform/uikit/UINavigationController.h"
+#include "settings/FeedbackViewController.h"
 #include "sources/URLInputViewController.h"
 #include "window/WindowApplication.h"
 
@@ -50,6 +51,14 @@ void showDownload(WindowApplication& application) {
     tabs(application).present(std::move(card), Animated::No);
 }
 
+void showFeedback(WindowApplication& application) {
+    auto screen = std::make_unique<FeedbackViewController>();
+    FeedbackViewController* const shown = screen.get();
+    constexpr int fourthStar = 3;
+    tabs(application).present(std::move(screen), Animated::No,
+                              [shown] { shown->starEvaluationView()->starSelected(fourthStar); });
+}
+
 void showPicker(WindowApplication& application) {
     convertScreen(application).localMediaFilesTapped();
 }
@@ -73,6 +82,7 @@ QMap<QString, std::function<void(WindowApplication&)>> scenes() {
          }},
         {QStringLiteral("library"), [](WindowApplication& a) { tabs(a).setSelectedIndex(1); }},
         {QStringLiteral("settings"), [](WindowApplication& a) { tabs(a).setSelectedIndex(2); }},
+        {QStringLiteral("feedback"), showFeedback},
     };
 }
 

@@ -19,6 +19,7 @@
 #include "platform/uikit/UINavigationController.h"
 #include "platform/uikit/UITabBarController.h"
 #include "platform/uikit/UITableViewCell.h"
+#include "settings/FeedbackViewController.h"
 #include "sources/ConversionQualityViewController.h"
 #include "sources/URLInputViewController.h"
 
@@ -123,6 +124,11 @@ void writingAMail(TestApplication& application) {
     application.present(std::make_unique<MFMailComposeViewController>());
 }
 
+void feedback(TestApplication& application) {
+    application.present(std::make_unique<FeedbackViewController>());
+    application.tap("3 stars");
+}
+
 void failure(TestApplication& application) {
     auto alert = std::make_unique<UIAlertController>(
         "Conversion Failed", "Reelsmith could not convert the selected video.\nReason: Invalid file",
@@ -171,6 +177,7 @@ const std::vector<Situation>& situations() {
         {"writing a mail", writingAMail},
         {"licences", licences},
         {"writing a mail", writingAMail},
+        {"feedback", feedback},
         {"photo library", photoLibrary},
         {"empty photo library", emptyPhotoLibrary},
         {"places", places},
