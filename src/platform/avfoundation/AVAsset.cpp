@@ -27,7 +27,7 @@ public:
     explicit Properties(const QUrl& url) : m_url(url) {}
     ~Properties() {
         if (m_request)
-            MediaService::shared().withdraw(m_request);
+            MediaService::properties().withdraw(m_request);
     }
     Properties(const Properties&) = delete;
     Properties& operator=(const Properties&) = delete;
@@ -55,7 +55,7 @@ private:
             return;
         }
         m_request = std::make_shared<MediaRequest>(mediaworker::ProbeRequest{}, std::move(*source));
-        MediaService::shared().ask(m_request);
+        MediaService::properties().ask(m_request);
     }
 
     const QUrl m_url;

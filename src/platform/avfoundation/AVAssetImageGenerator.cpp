@@ -61,7 +61,7 @@ Result<CGImage> AVAssetImageGenerator::copyCGImage(CMTime time) const {
     const mediaworker::ThumbnailRequest question{
         {time.value, time.timescale}, maximumSize.width(), maximumSize.height()};
     const auto request = std::make_shared<MediaRequest>(question, std::move(*source), std::move(handedOver));
-    MediaService::shared().ask(request);
+    MediaService::pictures().ask(request);
     const MediaRequest::Answer& answer = request->answer();
     if (!answer)
         return tl::unexpected(answer.error());

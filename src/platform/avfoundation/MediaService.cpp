@@ -2,7 +2,7 @@
 #include "platform/avfoundation/MediaService.h"
 
 #include <QCoreApplication>
-#include <algorithm>
+#include <utility>
 
 namespace reelsmith {
 
@@ -15,6 +15,8 @@ using mediaworker::ProbeRequest;
 using mediaworker::ThumbnailReply;
 
 constexpr std::chrono::seconds attemptLimit{10};
+// Where more would look at files at once, exports and playing would feel it.
+constexpr int pictureWorkers = 2;
 
 } // namespace
 
@@ -25,24 +27,33 @@ MediaRequest::MediaRequest(mediaworker::Message question, mediaworker::Descripto
       m_output(std::move(output)),
       m_answer(m_promise.get_future().share()) {}
 
-bool MediaRequest::isProperty() const {
-    return std::holds_alternative<ProbeRequest>(m_question);
-}
-
-MediaService& MediaService::shared() {
-    static MediaService service;
+MediaService& MediaService::properties() {
+    static MediaService service(1);
     // The application object waits for the global queues when it ends: their questions must have answers by
     // then.
-    static const bool isRegistered = (qAddPostRoutine([] { shared().stop(); }), true);
+    static const bool isRegistered = (qAddPostRoutine([] { properties().stop(); }), true);
     Q_UNUSED(isRegistered)
     return service;
 }
 
-MediaService::MediaService() : m_thread([this] { serve(); }) {}
+MediaService& MediaService::pictures() {
+    static MediaService service(pictureWorkers);
+    static const bool isRegistered = (qAddPostRoutine([] { pictures().stop(); }), true);
+    Q_UNUSED(isRegistered)
+    return service;
+}
+
+MediaService::MediaService(int workerCount) {
+    for (int count = 0; count < workerCount; ++count) {
+        Lane& lane = *m_lanes.emplace_back(std::make_unique<Lane>());
+        lane.thread = std::thread([this, &lane] { serve(lane); });
+    }
+}
 
 MediaService::~MediaService() {
     stop();
-    m_thread.join();
+    for (const auto& lane : m_lanes)
+        lane->thread.join();
 }
 
 void MediaService::ask(const std::shared_ptr<MediaRequest>& request) {
@@ -51,129 +62,123 @@ void MediaService::ask(const std::shared_ptr<MediaRequest>& request) {
         request->m_promise.set_value(failure(QStringLiteral("the application ends")));
         return;
     }
-    (request->isProperty() ? m_properties : m_thumbnails).push_back(request);
-    if (request->isProperty() && m_current && !m_current->isProperty())
-        cutOffCurrent();
+    m_waiting.push_back(request);
     m_change.notify_one();
 }
 
 void MediaService::withdraw(const std::shared_ptr<MediaRequest>& request) {
     const std::lock_guard lock(m_mutex);
-    if (m_current == request)
-        cutOffCurrent();
-    else if (std::erase(m_properties, request) + std::erase(m_thumbnails, request) > 0)
+    for (const auto& lane : m_lanes) {
+        if (lane->current == request)
+            cutOff(*lane);
+    }
+    if (std::erase(m_waiting, request) > 0)
         request->m_promise.set_value(failure(QStringLiteral("withdrawn")));
 }
 
 void MediaService::stop() {
     const std::lock_guard lock(m_mutex);
     m_isStopped = true;
-    if (m_current)
-        cutOffCurrent();
-    m_change.notify_one();
+    for (const auto& lane : m_lanes) {
+        if (lane->current)
+            cutOff(*lane);
+    }
+    m_change.notify_all();
 }
 
-void MediaService::serve() {
-    while (const std::shared_ptr<MediaRequest> request = takeNext())
-        finish(request, attempt(*request));
-    const std::lock_guard lock(m_mutex);
-    m_worker.reset();
+void MediaService::serve(Lane& lane) {
+    while (const std::shared_ptr<MediaRequest> request = takeNext(lane))
+        finish(lane, attempt(lane, *request));
+    dropWorker(lane);
 }
 
-std::shared_ptr<MediaRequest> MediaService::takeNext() {
+std::shared_ptr<MediaRequest> MediaService::takeNext(Lane& lane) {
     std::unique_lock lock(m_mutex);
-    m_change.wait(lock, [this] { return m_isStopped || !m_properties.empty() || !m_thumbnails.empty(); });
+    m_change.wait(lock, [this] { return m_isStopped || !m_waiting.empty(); });
     if (m_isStopped) {
-        for (Queue* queue : {&m_properties, &m_thumbnails}) {
-            for (const std::shared_ptr<MediaRequest>& request : *queue)
-                request->m_promise.set_value(failure(QStringLiteral("the application ends")));
-            queue->clear();
-        }
+        for (const std::shared_ptr<MediaRequest>& request : std::exchange(m_waiting, {}))
+            request->m_promise.set_value(failure(QStringLiteral("the application ends")));
         return nullptr;
     }
-    Queue& queue = m_properties.empty() ? m_thumbnails : m_properties;
-    m_current = queue.front();
-    queue.pop_front();
-    m_isCutOff = false;
-    return m_current;
+    lane.current = std::move(m_waiting.front());
+    m_waiting.pop_front();
+    lane.isCutOff = false;
+    return lane.current;
 }
 
-MediaRequest::Answer MediaService::attempt(MediaRequest& request) {
-    if (!send(request)) {
+MediaRequest::Answer MediaService::attempt(Lane& lane, MediaRequest& request) {
+    if (!send(lane, request)) {
         // The worker may have died since the last question; a new one has not.
-        dropWorker();
-        if (auto started = startWorkerWhereNone(); !started)
+        dropWorker(lane);
+        if (auto started = startWorkerWhereNone(lane); !started)
             return tl::unexpected(started.error());
-        if (!send(request))
-            return failure(dropWorker());
+        if (!send(lane, request))
+            return failure(dropWorker(lane));
     }
     Letter letter;
-    switch (m_worker->channel().receive(letter, attemptLimit)) {
+    switch (lane.worker->channel().receive(letter, attemptLimit)) {
     case Channel::Status::Received:
         break;
     case Channel::Status::TimedOut:
-        m_worker->kill();
-        dropWorker();
+        lane.worker->kill();
+        dropWorker(lane);
         return failure(QStringLiteral("the media worker took longer than %1 s").arg(attemptLimit.count()));
     case Channel::Status::Closed:
-        return failure(dropWorker());
+        return failure(dropWorker(lane));
     }
-    const bool isFitting = request.isProperty() ? std::holds_alternative<AssetProperties>(letter.message)
-                                                : std::holds_alternative<ThumbnailReply>(letter.message);
+    const bool isFitting = std::holds_alternative<ProbeRequest>(request.m_question)
+                               ? std::holds_alternative<AssetProperties>(letter.message)
+                               : std::holds_alternative<ThumbnailReply>(letter.message);
     if (!isFitting) {
-        m_worker->kill();
-        dropWorker();
+        lane.worker->kill();
+        dropWorker(lane);
         return failure(QStringLiteral("the media worker answered another question"));
     }
     return std::move(letter.message);
 }
 
-Result<void> MediaService::startWorkerWhereNone() {
-    if (m_worker)
+Result<void> MediaService::startWorkerWhereNone(Lane& lane) {
+    if (lane.worker)
         return {};
     auto worker = WorkerProcess::start(WorkerProcess::Role::Inspect);
     if (!worker)
         return tl::unexpected(worker.error());
     const std::lock_guard lock(m_mutex);
-    if (m_isCutOff)
+    if (lane.isCutOff)
         return failure(QStringLiteral("cut off"));
-    m_worker = std::move(*worker);
+    lane.worker = std::move(*worker);
     return {};
 }
 
-bool MediaService::send(MediaRequest& request) {
+bool MediaService::send(Lane& lane, MediaRequest& request) {
     std::vector<int> descriptors{request.m_source.number()};
     if (request.m_output.isOpen())
         descriptors.push_back(request.m_output.number());
-    return m_worker && m_worker->channel().send(request.m_question, descriptors);
+    return lane.worker && lane.worker->channel().send(request.m_question, descriptors);
 }
 
-void MediaService::finish(const std::shared_ptr<MediaRequest>& request, MediaRequest::Answer answer) {
+void MediaService::finish(Lane& lane, MediaRequest::Answer answer) {
     {
         const std::lock_guard lock(m_mutex);
-        m_current = nullptr;
-        if (!answer && m_isCutOff && !m_isStopped && !request->isProperty())
-            m_thumbnails.push_front(request);
-        else
-            request->m_promise.set_value(std::move(answer));
-        if (!m_isCutOff)
+        std::exchange(lane.current, nullptr)->m_promise.set_value(std::move(answer));
+        if (!lane.isCutOff)
             return;
     }
     // The kill may have come after the answer.
-    dropWorker();
+    dropWorker(lane);
 }
 
-void MediaService::cutOffCurrent() {
-    m_isCutOff = true;
-    if (m_worker)
-        m_worker->kill();
+void MediaService::cutOff(Lane& lane) {
+    lane.isCutOff = true;
+    if (lane.worker)
+        lane.worker->kill();
 }
 
-QString MediaService::dropWorker() {
+QString MediaService::dropWorker(Lane& lane) {
     std::unique_ptr<WorkerProcess> worker;
     {
         const std::lock_guard lock(m_mutex);
-        worker = std::move(m_worker);
+        worker = std::move(lane.worker);
     }
     return worker ? worker->causeOfDeath() : QString();
 }

@@ -11,6 +11,7 @@
 #include <memory>
 #include <mutex>
 #include <thread>
+#include <vector>
 
 namespace reelsmith {
 
@@ -34,8 +35,6 @@ public:
 private:
     friend class MediaService;
 
-    bool isProperty() const;
-
     mediaworker::Message m_question;
     mediaworker::Descriptor m_source;
     mediaworker::Descriptor m_output;
@@ -43,49 +42,53 @@ private:
     std::shared_future<Answer> m_answer;
 };
 
-/// Answers questions about files, one after another, by way of one long-lived worker that is started when
-/// first needed and again after it died. Properties come before thumbnails: a thumbnail being made is cut off
-/// and made anew later. Each attempt ends after 10 s. Any thread.
+/// Answers questions about files, in the order in which they come, by way of long-lived workers, each of
+/// which looks at one file at a time, is started when first needed and again after it died. Each answer comes
+/// within 10 s of its turn. Any thread.
 class MediaService {
 public:
-    static MediaService& shared();
+    /// The one for properties: with a worker of its own, so that no picture holds them up.
+    static MediaService& properties();
+    /// The one for pictures.
+    static MediaService& pictures();
 
-    MediaService();
+    explicit MediaService(int workerCount);
     ~MediaService();
     MediaService(const MediaService&) = delete;
     MediaService& operator=(const MediaService&) = delete;
 
     void ask(const std::shared_ptr<MediaRequest>& request);
 
-    /// Nobody waits for the answer to this question about properties any more; it comes at once, with what
-    /// there is.
+    /// Nobody waits for the answer to this question any more; it comes at once, with what there is.
     void withdraw(const std::shared_ptr<MediaRequest>& request);
 
-    /// Answers what is open, and whatever is asked from now on, with a failure, and ends the worker.
+    /// Answers what is open, and whatever is asked from now on, with a failure, and ends the workers.
     void stop();
 
 private:
-    using Queue = std::deque<std::shared_ptr<MediaRequest>>;
+    /// One worker, and the thread that talks to it.
+    struct Lane {
+        std::shared_ptr<MediaRequest> current;
+        bool isCutOff = false;
+        // Replaced by the lane's thread alone, under the mutex; killed by others under the mutex.
+        std::unique_ptr<WorkerProcess> worker;
+        std::thread thread;
+    };
 
-    void serve();
-    std::shared_ptr<MediaRequest> takeNext();
-    MediaRequest::Answer attempt(MediaRequest& request);
-    Result<void> startWorkerWhereNone();
-    bool send(MediaRequest& request);
-    void finish(const std::shared_ptr<MediaRequest>& request, MediaRequest::Answer answer);
-    void cutOffCurrent();
-    QString dropWorker();
+    void serve(Lane& lane);
+    std::shared_ptr<MediaRequest> takeNext(Lane& lane);
+    MediaRequest::Answer attempt(Lane& lane, MediaRequest& request);
+    Result<void> startWorkerWhereNone(Lane& lane);
+    void finish(Lane& lane, MediaRequest::Answer answer);
+    QString dropWorker(Lane& lane);
+    static bool send(Lane& lane, MediaRequest& request);
+    static void cutOff(Lane& lane);
 
     std::mutex m_mutex;
     std::condition_variable m_change;
-    Queue m_properties;
-    Queue m_thumbnails;
-    std::shared_ptr<MediaRequest> m_current;
-    bool m_isCutOff = false;
+    std::deque<std::shared_ptr<MediaRequest>> m_waiting;
+    std::vector<std::unique_ptr<Lane>> m_lanes;
     bool m_isStopped = false;
-    // Replaced by the thread alone, under the mutex; killed by others under the mutex.
-    std::unique_ptr<WorkerProcess> m_worker;
-    std::thread m_thread;
 };
 
 } // namespace reelsmith
