@@ -3,6 +3,7 @@
 
 #include "library/MediaTexts.h"
 #include "library/ThumbnailCache.h"
+#include "library/ThumbnailQueue.h"
 #include "platform/avfoundation/AVAssetImageGenerator.h"
 #include "platform/foundation/Console.h"
 #include "platform/foundation/DispatchQueue.h"
@@ -34,6 +35,7 @@ UIImage makeThumbnail(const QUrl& url) {
 
 UIImage cachedThumbnail(const QUrl& url) {
     ThumbnailCache& cache = ThumbnailCache::shared();
+    // Another tile may have had it made meanwhile.
     if (const std::optional<UIImage> kept = cache.image(url))
         return *kept;
     const ThumbnailCache::Moment begin = cache.now();
@@ -51,12 +53,18 @@ QString ConvertedVideo::name() const {
                                 : components.last();
 }
 
-void ConvertedVideo::thumbnail(std::function<void(const UIImage&)> completion) const {
-    DispatchQueue::global(QualityOfService::UserInitiated)
-        .async([url = m_url, completion = std::move(completion)] {
-            const UIImage image = cachedThumbnail(url);
-            DispatchQueue::main().async([image, completion] { completion(image); });
-        });
+void ConvertedVideo::thumbnail(std::function<void(const UIImage&)> completion,
+                               std::stop_token unwanted) const {
+    if (const std::optional<UIImage> kept = ThumbnailCache::shared().image(m_url)) {
+        DispatchQueue::main().async(
+            [image = *kept, completion = std::move(completion)] { completion(image); });
+        return;
+    }
+    ThumbnailQueue::shared().add(
+        [url = m_url, completion = std::move(completion)] {
+            DispatchQueue::main().async([image = cachedThumbnail(url), completion] { completion(image); });
+        },
+        std::move(unwanted));
 }
 
 QString ConvertedVideo::durationText() const {

@@ -7,6 +7,7 @@
 #include <QUrl>
 #include <functional>
 #include <optional>
+#include <stop_token>
 
 namespace reelsmith {
 
@@ -21,9 +22,10 @@ public:
     QString name() const;
 
     /// Hands over a picture from near the start, at most 500 by 500 pixels; an empty one where the file has
-    /// none. Made on a background queue unless kept from an earlier call; `completion` is called once, on the
-    /// main queue.
-    void thumbnail(std::function<void(const UIImage&)> completion) const;
+    /// none. Made in the background unless kept from an earlier call, the last one asked for first;
+    /// `completion` is called once, on the main queue, but never if `unwanted` is requested before the
+    /// picture's turn.
+    void thumbnail(std::function<void(const UIImage&)> completion, std::stop_token unwanted = {}) const;
 
     /// Hours, minutes and seconds, cut to whole ones: "01:02:05". Waits for the file to be read.
     QString durationText() const;

@@ -3,11 +3,16 @@
 
 #include "library/MediaTexts.h"
 #include "library/ThumbnailCache.h"
+#include "library/ThumbnailQueue.h"
+#include "platform/foundation/DispatchQueue.h"
 #include "platform/foundation/DocumentsFolder.h"
 #include "platform/foundation/FileManager.h"
 #include "platform/foundation/URLs.h"
 
 #include <QRegularExpression>
+#include <array>
+#include <atomic>
+#include <future>
 #include <limits>
 
 using namespace reelsmith;
@@ -89,6 +94,35 @@ TEST_F(Library, AThumbnailThatFailedIsTriedAgain) {
     EXPECT_EQ(m_console.lines(), QStringList{u"the media worker was ended by signal 9"_s});
     write(url, pictureScript);
     EXPECT_FALSE(thumbnail(url).isEmpty());
+}
+
+TEST(ThumbnailQueue, TheNewestWishComesFirstAnUnwantedOneNeverAndOtherWorkAtOnce) {
+    std::array<std::promise<void>, 3> gates;
+    std::atomic<int> begunCount = 0;
+    for (std::promise<void>& gate : gates)
+        ThumbnailQueue::shared().add(
+            [&begunCount, gate = gate.get_future().share()] {
+                ++begunCount;
+                gate.wait();
+            },
+            {});
+    ASSERT_TRUE(runLoopUntil([&] { return begunCount == 3; }));
+    std::stop_source scrolledAway;
+    QList<int> begun; // touched by one thread until the last gate opens
+    std::promise<void> isThrough;
+    ThumbnailQueue::shared().add([&isThrough] { isThrough.set_value(); }, {});
+    for (int number = 0; number < 1000; ++number)
+        ThumbnailQueue::shared().add([&begun, number] { begun.append(number); },
+                                     number < 997 ? scrolledAway.get_token() : std::stop_token());
+    scrolledAway.request_stop();
+    std::promise<void> otherWork;
+    DispatchQueue::global(QualityOfService::UserInitiated).async([&otherWork] { otherWork.set_value(); });
+    otherWork.get_future().wait();
+    gates[0].set_value();
+    isThrough.get_future().wait();
+    EXPECT_EQ(begun, (QList{999, 998, 997}));
+    gates[1].set_value();
+    gates[2].set_value();
 }
 
 TEST(ThumbnailCache, TheLeastRecentlyUsedImageMakesRoom) {
