@@ -9,29 +9,24 @@ Screen {
 
     required property App.ConvertedVideosViewController controller
 
-    ListView {
+    CollectionView {
+        objectName: "videos"
         anchors.fill: parent
-        anchors.margins: Theme.sideMargin
-        spacing: Theme.gap12
-        model: screen.controller.names
-        activeFocusOnTab: true
-        Accessible.role: Accessible.List
-        Accessible.name: "Converted Videos"
+        anchors.leftMargin: Theme.sideMargin
+        anchors.rightMargin: Theme.sideMargin
+        clip: false // the focus ring stands outside the tiles
+        focus: true
+        view: screen.controller.collectionView
+        label: screen.controller.title
 
-        delegate: StyledText {
-            required property string modelData
-
-            width: ListView.view.width
-            text: modelData
-            wrapMode: Text.WrapAnywhere
-            Accessible.role: Accessible.ListItem
-            Accessible.name: modelData
+        VideoCount {
+            height: Theme.listTop
+            count: screen.controller.collectionView.count
         }
     }
-    StyledText {
-        anchors.centerIn: parent
-        visible: screen.controller.names.length === 0
-        text: "No videos yet"
-        textStyle: Theme.heading
+    LibraryEmptyState {
+        anchors.verticalCenter: parent.verticalCenter
+        anchors.verticalCenterOffset: -Theme.gap48
+        visible: !screen.controller.emptyStateView.isHidden
     }
 }

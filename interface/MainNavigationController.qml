@@ -14,7 +14,7 @@ Screen {
         id: stage
 
         anchors.top: bar.visible ? bar.bottom : parent.top
-        anchors.bottom: toolbar.visible ? toolbar.top : parent.bottom
+        anchors.bottom: toolbar.top
         width: parent.width
         clip: true
     }
@@ -27,12 +27,11 @@ Screen {
         hasBack: !screen.controller.isAtRoot
         onBack: screen.controller.goBack()
     }
-    Bar {
+    Toolbar {
         id: toolbar
 
-        anchors.bottom: parent.bottom
         width: parent.width
-        isAtBottom: true
-        visible: !screen.controller.isToolbarHidden
+        isShown: !screen.controller.isToolbarHidden
+        items: screen.controller.barItems
     }
 }

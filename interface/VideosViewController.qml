@@ -9,29 +9,23 @@ Screen {
 
     required property App.VideosViewController controller
 
-    ListView {
+    CollectionView {
+        objectName: "videos"
         anchors.fill: parent
-        anchors.margins: Theme.sideMargin
-        spacing: Theme.gap12
-        model: screen.controller.names
-        activeFocusOnTab: true
-        Accessible.role: Accessible.List
-        Accessible.name: "Converted Videos"
+        focus: true
+        view: screen.controller.collectionView
+        label: screen.controller.title
 
-        delegate: StyledText {
-            required property string modelData
-
-            width: ListView.view.width
-            text: modelData
-            wrapMode: Text.WrapAnywhere
-            Accessible.role: Accessible.ListItem
-            Accessible.name: modelData
+        VideoCount {
+            x: Theme.sideMargin
+            height: Theme.gridTop
+            count: screen.controller.collectionView.count
+            order: ", newest first"
         }
     }
-    StyledText {
-        anchors.centerIn: parent
-        visible: screen.controller.names.length === 0
-        text: "No videos yet"
-        textStyle: Theme.heading
+    LibraryEmptyState {
+        anchors.verticalCenter: parent.verticalCenter
+        anchors.verticalCenterOffset: -Theme.gap48
+        visible: !screen.controller.emptystateView.isHidden
     }
 }

@@ -87,6 +87,7 @@ QtObject {
     readonly property TextStyle smallNote: TextStyle { size: 13; line: 18 }
     readonly property TextStyle tileName: TextStyle { size: 13; line: 17; weight: 500 }
     readonly property TextStyle tileNameOnPicture: TextStyle { size: 13; line: 17; weight: 600 }
+    readonly property TextStyle tableHeader: TextStyle { size: 13; line: 18; weight: 600 }
     readonly property TextStyle caption: TextStyle { size: 12; line: 16; weight: 500 }
     readonly property TextStyle duration: TextStyle { size: 12; line: 16; weight: 600 }
     readonly property TextStyle tab: TextStyle { size: 11; line: 14; weight: 500; largest: 1.15 }
@@ -137,6 +138,7 @@ QtObject {
     readonly property int alertMargin: 32
     readonly property int menuWidth: 230
     readonly property int menuRow: 50
+    readonly property int optionRow: 60
     readonly property int documentRow: Math.max(60, rowTitle.scaledLine + smallNote.scaledLine + gap16)
     readonly property int popoverWidth: 340
     readonly property int fieldHeight: 52
@@ -172,6 +174,10 @@ QtObject {
     readonly property real scrimRest: 0.48
     readonly property int tileNameMargin: 10
     readonly property int tileNameGap: 6
+    readonly property int tileInset: 4
+    readonly property int listTop: 50
+    readonly property int gridTop: 32
+    readonly property int playButton: 64
     readonly property int starSize: 40
     readonly property int starTarget: 56
     readonly property int emptyArtWidth: 210
@@ -217,6 +223,11 @@ QtObject {
         blur: 8
         tint: theme.tileShadow
     }
+    readonly property ShadowStyle playShadow: ShadowStyle {
+        layers: "0,10,1"
+        reach: 10
+        blur: 10
+    }
 
     // Durations in milliseconds. What slides or grows only fades where less motion is wished.
     readonly property real pace: App.Appearance.durationsScale
@@ -228,6 +239,7 @@ QtObject {
     readonly property int push: (reducesMotion ? plainFade : 300) * pace
     readonly property int alert: (reducesMotion ? plainFade : 180) * pace
     readonly property int menu: (reducesMotion ? plainFade : 180) * pace
+    readonly property int toolbar: (reducesMotion ? 0 : 220) * pace
     readonly property int selectionSlide: (reducesMotion ? 0 : 160) * pace
     readonly property int stars: 100 * pace
     readonly property int picture: 120 * pace

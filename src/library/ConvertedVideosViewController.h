@@ -1,30 +1,48 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "library/ConvertedVideo.h"
+#include "platform/uikit/UICollectionView.h"
 #include "platform/uikit/UIViewController.h"
+#include "sources/VideoOptionsViewController.h"
 
-#include <QStringList>
+#include <QList>
 
 namespace reelsmith {
 
-/// The library as a list.
-class ConvertedVideosViewController : public reelsmith::UIViewController {
+/// The library as a list, in the file system's order. Main thread.
+class ConvertedVideosViewController : public reelsmith::UIViewController,
+                                      public UICollectionViewDataSource,
+                                      public UICollectionViewDelegate,
+                                      public VideoOptionsViewControllerDelegate {
     Q_OBJECT
-    Q_PROPERTY(QStringList names READ names NOTIFY namesChanged)
+    Q_PROPERTY(reelsmith::UICollectionView* collectionView READ collectionView CONSTANT)
+    Q_PROPERTY(reelsmith::View* emptyStateView READ emptyStateView CONSTANT)
 
 public:
-    /// Of the converted files, in the file system's order.
-    const QStringList& names() const { return m_names; }
+    ConvertedVideosViewController();
 
-signals:
-    void namesChanged();
+    UICollectionView* collectionView() { return &m_collectionView; }
+    View* emptyStateView() { return &m_emptyStateView; } ///< seen while there is no video
+    const QList<ConvertedVideo>& videos() const { return m_videos; }
+
+    int collectionViewNumberOfItemsInSection(UICollectionView& view, int section) override;
+    CellsView::Cell collectionViewCellForItemAt(UICollectionView& view, const IndexPath& path) override;
+    void collectionViewDidSelectItemAt(UICollectionView& view, const IndexPath& path) override;
+    void videoDeleted(const ConvertedVideo& video) override;
 
 protected:
     void viewDidLoad() override;
     void viewWillAppear() override;
+    void viewDidAppear() override;
 
 private:
-    QStringList m_names;
+    void installLayout();
+    void show(const QList<ConvertedVideo>& videos);
+
+    QList<ConvertedVideo> m_videos;
+    UICollectionView m_collectionView;
+    View m_emptyStateView;
 };
 
 } // namespace reelsmith

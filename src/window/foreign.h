@@ -5,7 +5,12 @@
 #include "app/MainTabBarController.h"
 #include "conversion/ProgressViewController.h"
 #include "conversion/VideoConversionViewController.h"
+#include "library/ConvertedVideoCollectionViewCell.h"
 #include "library/ConvertedVideosViewController.h"
+#include "library/VideoCollectionViewCell.h"
+#include "library/VideoDetailViewController.h"
+#include "library/VideoInfoCell.h"
+#include "library/VideoTableViewCell.h"
 #include "library/VideosViewController.h"
 #include "platform/screens/MFMailComposeViewController.h"
 #include "platform/screens/UIActivityViewController.h"
@@ -41,6 +46,7 @@
 #include "settings/StarEvaluationView.h"
 #include "sources/ConversionQualityViewController.h"
 #include "sources/URLInputViewController.h"
+#include "sources/VideoOptionsViewController.h"
 
 #include <QtQml/qqml.h>
 
@@ -76,11 +82,46 @@ struct VideoConversionViewControllerForeign {
     QML_UNCREATABLE("Comes with its screen")
 };
 
+struct ConvertedVideoCollectionViewCellForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::ConvertedVideoCollectionViewCell)
+    QML_NAMED_ELEMENT(ConvertedVideoCollectionViewCell)
+    QML_UNCREATABLE("A view's cell")
+};
+
 struct ConvertedVideosViewControllerForeign {
     Q_GADGET
     QML_FOREIGN(reelsmith::ConvertedVideosViewController)
     QML_NAMED_ELEMENT(ConvertedVideosViewController)
     QML_UNCREATABLE("Comes with its screen")
+};
+
+struct VideoCollectionViewCellForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::VideoCollectionViewCell)
+    QML_NAMED_ELEMENT(VideoCollectionViewCell)
+    QML_UNCREATABLE("A view's cell")
+};
+
+struct VideoDetailViewControllerForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::VideoDetailViewController)
+    QML_NAMED_ELEMENT(VideoDetailViewController)
+    QML_UNCREATABLE("Comes with its screen")
+};
+
+struct VideoInfoCellForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::VideoInfoCell)
+    QML_NAMED_ELEMENT(VideoInfoCell)
+    QML_UNCREATABLE("A view's cell")
+};
+
+struct VideoTableViewCellForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::VideoTableViewCell)
+    QML_NAMED_ELEMENT(VideoTableViewCell)
+    QML_UNCREATABLE("A view's cell")
 };
 
 struct VideosViewControllerForeign {
@@ -255,6 +296,13 @@ struct URLInputViewControllerForeign {
     Q_GADGET
     QML_FOREIGN(reelsmith::URLInputViewController)
     QML_NAMED_ELEMENT(URLInputViewController)
+    QML_UNCREATABLE("Comes with its screen")
+};
+
+struct VideoOptionsViewControllerForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::VideoOptionsViewController)
+    QML_NAMED_ELEMENT(VideoOptionsViewController)
     QML_UNCREATABLE("Comes with its screen")
 };
 

@@ -4,7 +4,9 @@
 #include "app/MainTabBarController.h"
 #include "conversion/ProgressViewController.h"
 #include "conversion/VideoConversionViewController.h"
+#include "library/ConvertedVideosViewController.h"
 #include "library/FileSystem.h"
+#include "library/VideosViewController.h"
 #include "platform/foundation/URLs.h"
 #include "platform/screens/UIActivityViewController.h"
 #include "platform/screens/VideoCollection.h"
@@ -13,6 +15,8 @@
 #include "settings/FeedbackViewController.h"
 #include "sources/URLInputViewController.h"
 #include "window/WindowApplication.h"
+
+#include <QTimer>
 
 namespace reelsmith {
 
@@ -63,6 +67,81 @@ void showPicker(WindowApplication& application) {
     convertScreen(application).localMediaFilesTapped();
 }
 
+void emptyLibrary() {
+    for (const ConvertedVideo& video :
+         FileSystem::shared().convertedVideos().value_or(QList<ConvertedVideo>()))
+        FileSystem::shared().deleteVideo(video.url());
+}
+
+/// The made-up videos, as if they had been converted.
+void fillLibrary() {
+    emptyLibrary();
+    for (const FoundVideo& video : VideoCollection::find(VideoCollection::folders(), {})) {
+        const std::filesystem::path source = filePath(video.url);
+        const std::filesystem::path copy =
+            filePath(FileSystem::shared().outputsFolder()) / source.filename().replace_extension(".mp4");
+        std::filesystem::copy_file(source, copy);
+        std::filesystem::last_write_time(copy, std::filesystem::last_write_time(source));
+    }
+}
+
+UINavigationController& libraryStack(WindowApplication& application) {
+    tabs(application).setSelectedIndex(1);
+    return *qobject_cast<UINavigationController*>(tabs(application).viewControllers().at(1));
+}
+
+void showEmptyLibrary(WindowApplication& application) {
+    emptyLibrary();
+    libraryStack(application);
+}
+
+ConvertedVideosViewController& showList(WindowApplication& application) {
+    fillLibrary();
+    return *qobject_cast<ConvertedVideosViewController*>(libraryStack(application).topViewController());
+}
+
+VideosViewController& showGrid(WindowApplication& application) {
+    fillLibrary();
+    auto grid = std::make_unique<VideosViewController>();
+    VideosViewController* const shown = grid.get();
+    libraryStack(application).setRootViewController(std::move(grid));
+    return *shown;
+}
+
+/// Once the window shows cells of `view`.
+void whenShown(CellsView& view, std::function<void(ReusableCell&)> act) {
+    constexpr std::chrono::milliseconds pause{50};
+    QTimer::singleShot(pause, &view, [&view, act = std::move(act)] {
+        if (ReusableCell* cell = view.cell(1))
+            act(*cell);
+        else
+            whenShown(view, act);
+    });
+}
+
+void showOptions(WindowApplication& application) {
+    whenShown(*showList(application).collectionView(), [](ReusableCell& cell) { cell.tap(); });
+}
+
+void showMenu(WindowApplication& application) {
+    constexpr QPointF belowTheBar{0, 56};
+    whenShown(*showGrid(application).collectionView(),
+              [belowTheBar](ReusableCell& cell) { cell.openMenu(belowTheBar); });
+}
+
+void showDetail(WindowApplication& application) {
+    whenShown(*showGrid(application).collectionView(), [](ReusableCell& cell) { cell.tap(); });
+}
+
+void confirmDeletion(WindowApplication& application) {
+    UINavigationController& stack = libraryStack(application);
+    showDetail(application);
+    QObject::connect(&stack, &UINavigationController::stackChanged, &stack, [&stack] {
+        if (!stack.isToolbarHidden())
+            stack.topViewController()->toolbarItems().back()->tap();
+    });
+}
+
 } // namespace
 
 QMap<QString, std::function<void(WindowApplication&)>> scenes() {
@@ -80,7 +159,13 @@ QMap<QString, std::function<void(WindowApplication&)>> scenes() {
          [](WindowApplication& a) {
              convertScreen(a).presentFailure(QStringLiteral("convert"), QStringLiteral("Invalid file"));
          }},
-        {QStringLiteral("library"), [](WindowApplication& a) { tabs(a).setSelectedIndex(1); }},
+        {QStringLiteral("library-empty"), showEmptyLibrary},
+        {QStringLiteral("library-list"), [](WindowApplication& a) { showList(a); }},
+        {QStringLiteral("library-grid"), [](WindowApplication& a) { showGrid(a); }},
+        {QStringLiteral("library-grid-menu"), showMenu},
+        {QStringLiteral("options-sheet"), showOptions},
+        {QStringLiteral("detail"), showDetail},
+        {QStringLiteral("delete-confirm"), confirmDeletion},
         {QStringLiteral("settings"), [](WindowApplication& a) { tabs(a).setSelectedIndex(2); }},
         {QStringLiteral("feedback"), showFeedback},
     };

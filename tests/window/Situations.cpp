@@ -5,6 +5,7 @@
 #include "conversion/VideoConversionViewController.h"
 #include "fakes/ScriptedMailDrafts.h"
 #include "fakes/ScriptedMailDrafts.h"
+#include "library/ConvertedVideosViewController.h"
 #include "library/VideosViewController.h"
 #include "platform/screens/MFMailComposeViewController.h"
 #include "platform/screens/PlatformServices.h"
@@ -43,6 +44,22 @@ void stillConverting(TestApplication& application) {
 
 void libraryGrid(TestApplication& application) {
     tab(application, 1).setRootViewController(std::make_unique<VideosViewController>());
+}
+
+void libraryOptions(TestApplication& application) {
+    auto* const list = qobject_cast<ConvertedVideosViewController*>(tab(application, 1).topViewController());
+    EXPECT_TRUE(runLoopUntil([list] { return list->collectionView()->cell(0) != nullptr; }));
+    list->collectionView()->cell(0)->tap();
+    application.await<VideoOptionsViewController>();
+}
+
+void libraryDetail(TestApplication& application) {
+    libraryGrid(application);
+    UINavigationController& stack = tab(application, 1);
+    auto* const grid = qobject_cast<VideosViewController*>(stack.topViewController());
+    EXPECT_TRUE(runLoopUntil([grid] { return grid->collectionView()->cell(0) != nullptr; }));
+    grid->collectionView()->cell(0)->tap();
+    EXPECT_TRUE(runLoopUntil([&stack] { return !stack.isToolbarHidden(); }));
 }
 
 void photoLibrary(TestApplication& application) {
@@ -172,6 +189,8 @@ const std::vector<Situation>& situations() {
         {"still converting", stillConverting},
         {"library list", [](TestApplication& application) { application.tap("tab1"); }},
         {"library grid", libraryGrid},
+        {"options of a video", libraryOptions},
+        {"details of a video", libraryDetail},
         {"settings", [](TestApplication& application) { application.tap("tab2"); }},
         {"licences", licences},
         {"writing a mail", writingAMail},

@@ -29,6 +29,21 @@ qreal UICollectionViewDelegate::collectionViewLayoutMinimumInteritemSpacingForSe
     return view.collectionViewLayout().minimumInteritemSpacing;
 }
 
+void UICollectionView::setDataSource(const WeakDelegate<UICollectionViewDataSource>& source) {
+    m_dataSource = source;
+    reloadData();
+}
+
+void UICollectionView::setDelegate(const WeakDelegate<UICollectionViewDelegate>& delegate) {
+    m_delegate = delegate;
+    reloadData();
+}
+
+void UICollectionView::setCollectionViewLayout(const UICollectionViewFlowLayout& layout) {
+    m_flow = layout;
+    layOut();
+}
+
 CellsView::Layout UICollectionView::makeLayout(qreal width) {
     UICollectionViewDataSource* source = m_dataSource.get();
     if (source == nullptr)

@@ -49,11 +49,15 @@ class UICollectionView : public reelsmith::CellsView {
 public:
     using CellsView::CellsView;
 
-    void setDataSource(const WeakDelegate<UICollectionViewDataSource>& source) { m_dataSource = source; }
-    void setDelegate(const WeakDelegate<UICollectionViewDelegate>& delegate) { m_delegate = delegate; }
+    /// Both ask for everything anew.
+    void setDataSource(const WeakDelegate<UICollectionViewDataSource>& source);
+    void setDelegate(const WeakDelegate<UICollectionViewDelegate>& delegate);
 
     const UICollectionViewFlowLayout& collectionViewLayout() const { return m_flow; }
-    void setCollectionViewLayout(const UICollectionViewFlowLayout& layout) { m_flow = layout; }
+    void setCollectionViewLayout(const UICollectionViewFlowLayout& layout);
+
+    /// Asks for the layout anew, once its answers are others.
+    void invalidateLayout() { layOut(); }
 
 protected:
     Layout makeLayout(qreal width) override;

@@ -154,11 +154,11 @@ bool UINavigationController::hidesBottomBar() const {
                                [](const auto& screen) { return screen->hidesBottomBarWhenPushed(); });
 }
 
-QList<QObject*> UINavigationController::barItems() const {
-    QList<QObject*> items;
+QVariantList UINavigationController::barItems() const {
+    QVariantList items;
     if (UIViewController* top = topViewController()) {
         for (const auto& item : top->toolbarItems())
-            items.append(item.get());
+            items.append(QVariant::fromValue<QObject*>(item.get()));
     }
     return items;
 }

@@ -4,6 +4,7 @@
 #include "platform/uikit/TransitionQueue.h"
 #include "platform/uikit/UIViewController.h"
 
+#include <QVariantList>
 #include <memory>
 #include <vector>
 
@@ -20,7 +21,7 @@ class UINavigationController : public reelsmith::UIViewController {
     Q_PROPERTY(bool isNavigationBarHidden READ isNavigationBarHidden NOTIFY stackChanged)
     Q_PROPERTY(bool isToolbarHidden READ isToolbarHidden NOTIFY stackChanged)
     Q_PROPERTY(bool hidesBottomBar READ hidesBottomBar NOTIFY stackChanged)
-    Q_PROPERTY(QList<QObject*> barItems READ barItems NOTIFY stackChanged)
+    Q_PROPERTY(QVariantList barItems READ barItems NOTIFY stackChanged)
 
 public:
     /// How the bar is drawn; names and numbers of the platform, for the theme to look up.
@@ -58,7 +59,7 @@ public:
     QString barTitle() const; ///< the uppermost screen's title
     bool isAtRoot() const { return m_stack.size() == 1; }
     bool hidesBottomBar() const;
-    QList<QObject*> barItems() const;
+    QVariantList barItems() const; ///< the uppermost screen's, as objects
 
     /// Pops the uppermost screen; a presented stack with nothing to pop goes itself.
     Q_INVOKABLE bool goBack() override;

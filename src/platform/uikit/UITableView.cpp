@@ -11,6 +11,16 @@ qreal UITableViewDelegate::tableViewHeightForRowAt(UITableView& table, const Ind
     return table.rowHeight();
 }
 
+void UITableView::setDataSource(const WeakDelegate<UITableViewDataSource>& source) {
+    m_dataSource = source;
+    reloadData();
+}
+
+void UITableView::setDelegate(const WeakDelegate<UITableViewDelegate>& delegate) {
+    m_delegate = delegate;
+    reloadData();
+}
+
 void UITableView::setRowHeight(qreal height) {
     if (height == m_rowHeight)
         return;

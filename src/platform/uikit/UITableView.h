@@ -47,8 +47,9 @@ class UITableView : public reelsmith::CellsView {
 public:
     using CellsView::CellsView;
 
-    void setDataSource(const WeakDelegate<UITableViewDataSource>& source) { m_dataSource = source; }
-    void setDelegate(const WeakDelegate<UITableViewDelegate>& delegate) { m_delegate = delegate; }
+    /// Both ask for everything anew.
+    void setDataSource(const WeakDelegate<UITableViewDataSource>& source);
+    void setDelegate(const WeakDelegate<UITableViewDelegate>& delegate);
 
     /// In points; for rows whose height the delegate leaves open, and for all headers.
     qreal rowHeight() const { return m_rowHeight; }

@@ -2,9 +2,20 @@
 #pragma once
 
 #include <QObject>
+#include <QPointF>
 #include <QString>
 
 namespace reelsmith {
+
+/// The shadow of a piece of a screen; names and numbers of the platform, for the theme to look up.
+struct LayerShadow {
+    QString colorName;
+    QPointF offset;
+    qreal radius = 3;  ///< in points
+    qreal opacity = 0; ///< none at first
+
+    bool operator==(const LayerShadow&) const = default;
+};
 
 /// What a controller knows of a piece of its screen: an outlet. The interface file binds to it. Main thread.
 class View : public QObject {
@@ -35,6 +46,13 @@ public:
     const QString& borderColorName() const { return m_borderColorName; } ///< a platform colour, "light gray"
     void setBorder(qreal width, const QString& colorName);
 
+    const LayerShadow& shadow() const { return m_shadow; }
+    void setShadow(const LayerShadow& shadow) { assign(m_shadow, shadow); }
+
+    /// Whether what stands out of it is cut off.
+    bool clipsToBounds() const { return m_clipsToBounds; }
+    void setClipsToBounds(bool clips) { assign(m_clipsToBounds, clips); }
+
 signals:
     /// Any property of the outlet has another value.
     void changed();
@@ -56,6 +74,8 @@ private:
     qreal m_cornerRadius = 0;
     qreal m_borderWidth = 0;
     QString m_borderColorName;
+    LayerShadow m_shadow;
+    bool m_clipsToBounds = false;
 };
 
 } // namespace reelsmith
