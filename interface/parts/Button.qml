@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
 
-/// A button with words: `label`, perhaps an icon before it (`iconName`), in one of four kinds. `leastHeight` is 56 in a
+/// A button with words: `label`, perhaps an icon before it (`iconName`), in one of five kinds. `leastHeight` is 56 in a
 /// sheet, 52 in a card, 48 in an alert.
 Pressable {
     id: control
@@ -10,7 +10,8 @@ Pressable {
         Primary,
         Secondary,
         Tonal,
-        Danger
+        Danger,
+        OnPicture
     }
 
     property int kind: Button.Primary
@@ -18,10 +19,12 @@ Pressable {
     property real leastHeight: Theme.buttonInSheet
 
     readonly property color tint: kind === Button.Primary ? Theme.accentInk : kind === Button.Tonal ? Theme.accent
-                                                          : kind === Button.Danger ? Theme.danger : Theme.ink
+                                                          : kind === Button.Danger ? Theme.danger
+                                                          : kind === Button.OnPicture ? Theme.pictureButtonInk : Theme.ink
     readonly property color fill: kind === Button.Primary ? (pressed ? Theme.accentPressed : Theme.accent)
                                                           : kind === Button.Tonal ? Theme.accentSoft
-                                                          : kind === Button.Danger ? Theme.dangerSoft : Theme.field
+                                                          : kind === Button.Danger ? Theme.dangerSoft
+                                                          : kind === Button.OnPicture ? Theme.pictureButton : Theme.field
 
     veils: kind !== Button.Primary || !pressed
     implicitHeight: Math.max(leastHeight, implicitContentHeight + topPadding + bottomPadding)

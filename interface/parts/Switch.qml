@@ -20,6 +20,7 @@ T.Switch {
     Keys.onReturnPressed: {
         toggle();
         toggled();
+        clicked();
     }
 
     indicator: Rectangle {

@@ -59,6 +59,14 @@ QtObject {
     readonly property color hoverVeil: isDark ? Qt.rgba(1, 1, 1, 0.04) : Qt.rgba(0.11, 0.106, 0.094, 0.04)
     readonly property color pictureInk: "#FFFFFF"
     readonly property color label: Qt.rgba(0, 0, 0, 0.66)
+    readonly property color videoGround: "#000000"
+    readonly property color introText: "#E6F0F0"
+    readonly property color introScrimBegin: Qt.rgba(0.012, 0.078, 0.086, 0)
+    readonly property color introScrimMiddle: Qt.rgba(0.012, 0.078, 0.086, 0.7)
+    readonly property color introScrimEnd: Qt.rgba(0.012, 0.078, 0.086, 0.86)
+    readonly property color pictureButton: "#FFFFFF"
+    readonly property color pictureButtonInk: "#1C1B18"
+    readonly property color pageMarkRest: Qt.rgba(1, 1, 1, 0.5)
     readonly property color scrimMiddle: Qt.rgba(0, 0, 0, 0.66)
     readonly property color scrimEnd: Qt.rgba(0, 0, 0, 0.74)
 
@@ -74,6 +82,7 @@ QtObject {
     // Lettering.
     readonly property TextStyle display: TextStyle { size: 48; line: 52; weight: 700; tracking: -1.5; largest: 1.2 }
     readonly property TextStyle title: TextStyle { size: 24; line: 30; weight: 700; tracking: -0.3; largest: 1.3 }
+    readonly property TextStyle introTitle: TextStyle { size: 32; line: 38; weight: 700; tracking: -0.3; largest: 1.3 }
     readonly property TextStyle heading: TextStyle { size: 19; line: 24; weight: 600 }
     readonly property TextStyle barName: TextStyle { size: 18; line: 24; weight: 600; largest: 1.3 }
     readonly property TextStyle value: TextStyle { size: 17; line: 24; weight: 600 }
@@ -170,6 +179,11 @@ QtObject {
     readonly property int rowIconTile: 36
     readonly property int sheetIconTile: 40
     readonly property int heroIconTile: 48
+    readonly property int introScrimHeight: 412
+    readonly property real introScrimRest: 0.44
+    readonly property real introTextShare: 0.7
+    readonly property int pageMark: 8
+    readonly property int pageMarkLong: 24
     readonly property int scrimHeight: 84
     readonly property real scrimRest: 0.48
     readonly property int tileNameMargin: 10
@@ -242,6 +256,7 @@ QtObject {
     readonly property int toolbar: (reducesMotion ? 0 : 220) * pace
     readonly property int selectionSlide: (reducesMotion ? 0 : 160) * pace
     readonly property int stars: 100 * pace
+    readonly property int introTexts: 300 * pace
     readonly property int picture: 120 * pace
     readonly property int indeterminate: 1400 * pace
     readonly property int spin: 900 * pace

@@ -11,6 +11,8 @@
 #include "platform/uikit/UIApplication.h"
 #include "platform/uikit/UIViewController.h"
 #include "remote/ABTestManager.h"
+#include "settings/OnboardingViewControllerV2.h"
+#include "settings/UserSettings.h"
 #include "sources/AppFileOpener.h"
 
 namespace reelsmith {
@@ -27,7 +29,7 @@ bool AppDelegate::didFinishLaunchingWithOptions() {
     fetchRemoteSettings();
     UIApplication::shared().setIdleTimerDisabled(true);
     KeyboardManager::shared().setEnabled(true);
-    std::unique_ptr<UIViewController> root = MainTabBarCreator::build();
+    std::unique_ptr<UIViewController> root = makeRoot();
     if (m_window) {
         m_window->setRootViewController(std::move(root));
         m_window->makeKeyAndVisible();
@@ -35,6 +37,23 @@ bool AppDelegate::didFinishLaunchingWithOptions() {
     FileSystem::shared().clearDownloads();
     console(m_memento);
     return true;
+}
+
+std::unique_ptr<UIViewController> AppDelegate::makeRoot() {
+    if (UserSettings::shared().didShowOnboarding())
+        return MainTabBarCreator::build();
+    auto onboarding = std::make_unique<OnboardingViewControllerV2>();
+    // The screen need not keep what owns its window.
+    onboarding->setDelegate(std::shared_ptr<OnboardingDelegate>(std::shared_ptr<void>(), this));
+    return onboarding;
+}
+
+// The screen must not go while it tells.
+void AppDelegate::onboardingDidFinish() {
+    DispatchQueue::main().async([self = QPointer(this)] {
+        if (self && self->m_window)
+            self->m_window->setRootViewController(MainTabBarCreator::build());
+    });
 }
 
 void AppDelegate::fetchRemoteSettings() {

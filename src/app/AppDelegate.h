@@ -4,6 +4,7 @@
 #include "platform/services/Services.h"
 #include "platform/uikit/UIApplicationDelegate.h"
 #include "platform/uikit/UIWindow.h"
+#include "settings/OnboardingDelegate.h"
 
 #include <QObject>
 #include <QUrl>
@@ -12,7 +13,7 @@
 namespace reelsmith {
 
 /// The application's entry: what happens at launch, and with files from other applications. Main thread.
-class AppDelegate : public QObject, public UIApplicationDelegate {
+class AppDelegate : public QObject, public UIApplicationDelegate, public OnboardingDelegate {
     Q_OBJECT
 
 public:
@@ -30,7 +31,10 @@ public:
     UIInterfaceOrientationMask supportedInterfaceOrientations() const override;
     bool open(const QUrl& url) override;
 
+    void onboardingDidFinish() override;
+
 private:
+    std::unique_ptr<UIViewController> makeRoot();
     void fetchRemoteSettings();
     void remoteSettingsFetched();
 

@@ -18,6 +18,7 @@
 #include "platform/screens/UIDocumentPickerViewController.h"
 #include "platform/screens/UIImagePickerCell.h"
 #include "platform/screens/UIImagePickerController.h"
+#include "platform/uikit/AVPlayerLayer.h"
 #include "platform/uikit/Button.h"
 #include "platform/uikit/CellsView.h"
 #include "platform/uikit/ImageView.h"
@@ -42,6 +43,7 @@
 #include "platform/uikit/View.h"
 #include "settings/FeedbackViewController.h"
 #include "settings/LicencesViewController.h"
+#include "settings/OnboardingViewControllerV2.h"
 #include "settings/SettingsViewController.h"
 #include "settings/StarEvaluationView.h"
 #include "sources/ConversionQualityViewController.h"
@@ -254,6 +256,20 @@ struct FeedbackViewControllerForeign {
     Q_GADGET
     QML_FOREIGN(reelsmith::FeedbackViewController)
     QML_NAMED_ELEMENT(FeedbackViewController)
+    QML_UNCREATABLE("Comes with its screen")
+};
+
+struct AVPlayerLayerForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::AVPlayerLayer)
+    QML_NAMED_ELEMENT(AVPlayerLayer)
+    QML_UNCREATABLE("A controller's outlet")
+};
+
+struct OnboardingViewControllerV2Foreign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::OnboardingViewControllerV2)
+    QML_NAMED_ELEMENT(OnboardingViewControllerV2)
     QML_UNCREATABLE("Comes with its screen")
 };
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/avfoundation/AVPlayer.h"
 #include "platform/foundation/URLs.h"
 #include "platform/linux/SingleInstance.h"
+#include "platform/linux/multimedia/MultimediaPlayback.h"
 #include "platform/linux/network/NetworkHTTPClient.h"
 #include "window/WindowApplication.h"
 
@@ -36,6 +38,7 @@ int run(int argc, char** argv) {
             stderr);
         return exitNoDisplay;
     }
+    MultimediaPlayback::chooseEngine();
     QGuiApplication application(argc, argv);
     QGuiApplication::setApplicationVersion(QStringLiteral(REELSMITH_VERSION));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Reelsmith"));
@@ -45,6 +48,7 @@ int run(int argc, char** argv) {
     const QList<QUrl> files = urls(argc, argv);
     if (instance.claim(files) == SingleInstance::Role::Forwarded)
         return 0;
+    AVPlayer::setPlaybackFactory([] { return std::make_unique<MultimediaPlayback>(); });
     WindowApplication reelsmith(LinuxPlatform(WindowApplication::id), std::make_shared<NetworkHTTPClient>());
     QObject::connect(&instance, &SingleInstance::activated, &reelsmith, &WindowApplication::activate);
     QObject::connect(&instance, &SingleInstance::opened, &reelsmith, &WindowApplication::open);

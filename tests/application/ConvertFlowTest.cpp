@@ -31,6 +31,7 @@ protected:
     ConvertFlow() {
         HTTPClient::setShared(m_web);
         UserSettings::shared().setAchievedSuccess(false);
+        UserSettings::shared().setDidShowOnboarding(true);
         m_delegate.didFinishLaunchingWithOptions();
         runLoopUntil([this] { return m_console.lines().contains(u"Fetched remote settings"_s); });
         AppFileOpener::setPendingURL(std::nullopt);

@@ -13,6 +13,7 @@
 #include "platform/uikit/UIAlertController.h"
 #include "platform/uikit/UINavigationController.h"
 #include "settings/FeedbackViewController.h"
+#include "settings/OnboardingViewControllerV2.h"
 #include "sources/URLInputViewController.h"
 #include "window/WindowApplication.h"
 
@@ -53,6 +54,14 @@ void showDownload(WindowApplication& application) {
     card->setFile(QStringLiteral("summer.mp4"), std::nullopt);
     card->showBytes(12'400'000, std::nullopt);
     tabs(application).present(std::move(card), Animated::No);
+}
+
+void showOnboarding(WindowApplication& application, int page) {
+    auto screen = std::make_unique<OnboardingViewControllerV2>();
+    OnboardingViewControllerV2* const shown = screen.get();
+    application.delegate().window()->setRootViewController(std::move(screen));
+    for (int i = 0; i < page; ++i)
+        shown->continueTapped();
 }
 
 void showFeedback(WindowApplication& application) {
@@ -168,6 +177,9 @@ QMap<QString, std::function<void(WindowApplication&)>> scenes() {
         {QStringLiteral("delete-confirm"), confirmDeletion},
         {QStringLiteral("settings"), [](WindowApplication& a) { tabs(a).setSelectedIndex(2); }},
         {QStringLiteral("feedback"), showFeedback},
+        {QStringLiteral("onboarding-0"), [](WindowApplication& a) { showOnboarding(a, 0); }},
+        {QStringLiteral("onboarding-1"), [](WindowApplication& a) { showOnboarding(a, 1); }},
+        {QStringLiteral("onboarding-2"), [](WindowApplication& a) { showOnboarding(a, 2); }},
     };
 }
 

@@ -6,6 +6,9 @@
 #include "demo/DemoServices.h"
 #include "demo/Scenes.h"
 #include "fakes/ScriptedHTTPClient.h"
+#include "platform/avfoundation/AVPlayer.h"
+#include "platform/linux/multimedia/MultimediaPlayback.h"
+#include "settings/UserSettings.h"
 #include "window/Appearance.h"
 #include "window/WindowApplication.h"
 
@@ -44,6 +47,7 @@ void saveWhenStill(QQuickWindow& window, const QString& file) {
 } // namespace
 
 int main(int argc, char** argv) {
+    MultimediaPlayback::chooseEngine();
     QGuiApplication application(argc, argv);
     QCommandLineParser options;
     options.addHelpOption();
@@ -61,6 +65,8 @@ int main(int argc, char** argv) {
     if (!scene)
         qFatal("There is no such scene; there are: %s", qPrintable(scenes().keys().join(QLatin1Char(' '))));
 
+    AVPlayer::setPlaybackFactory([] { return std::make_unique<MultimediaPlayback>(); });
+    UserSettings::shared().setDidShowOnboarding(true);
     WindowApplication demo(platform(options), std::make_shared<ScriptedHTTPClient>());
     demo.quickWindow().resize(parsedSize(options.value(QStringLiteral("size"))));
     demo.launch({});

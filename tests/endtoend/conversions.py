@@ -24,6 +24,7 @@ PORTAL = "xdg-desktop-portal-gtk"
 HOME = pathlib.Path.home()
 HANDED_OVER = pathlib.Path(os.environ["HANDED_OVER"])
 DATA = pathlib.Path(os.environ["XDG_DATA_HOME"])
+SETTINGS = pathlib.Path(os.environ["XDG_CONFIG_HOME"]) / "reelsmith/reelsmith.conf"
 OUTPUTS = HOME / "Documents/Reelsmith/outputs"
 
 
@@ -44,6 +45,8 @@ def install():
     (applications / "player.desktop").write_text(taker.replace("Name=Taker", "Name=Player"))
     with open(pathlib.Path(os.environ["XDG_CONFIG_HOME"]) / "mimeapps.list", "a") as associations:
         associations.write("[Added Associations]\nvideo/mp4=player.desktop;\n")
+    SETTINGS.parent.mkdir(parents=True)
+    SETTINGS.write_text("[General]\nDID_SHOW_ONBOARDING=true\n")
     subprocess.run(["gdbus", "call", "--session", "-d", "org.freedesktop.DBus", "-o", "/", "-m",
                     "org.freedesktop.DBus.ReloadConfig"], check=True, stdout=subprocess.DEVNULL)
 
@@ -92,6 +95,16 @@ class Conversions(unittest.TestCase):
     def handed_over(self):
         until(HANDED_OVER.exists, "something is handed over")
         return urllib.parse.unquote(HANDED_OVER.read_text()).removeprefix("file://").rstrip("/")
+
+    def test_a_first_start_leads_through_the_onboarding(self):
+        SETTINGS.unlink()
+        self.start()
+        for title, button in (("Welcome to Reelsmith", "Continue"), ("Convert using your phone", "Continue"),
+                              ("Multiple quality options", "Start")):
+            find(title)
+            press(button, "push button")
+        find("Photo library", "push button")
+        self.assertIn("DID_SHOW_ONBOARDING=true", SETTINGS.read_text())
 
     def test_from_the_photo_library_to_another_application(self):
         make_video(HOME / "Videos/holiday.avi")

@@ -97,7 +97,8 @@ TEST(EveryControl, IsReachedByTabWhichNeverLeavesTheScreenInFront) {
         for (const QQuickItem* control : controls(application.frontItem()))
             EXPECT_TRUE(isReached(*control, order)) << description(*control);
         for (const QQuickItem* stop : order)
-            EXPECT_TRUE(application.frontItem().isAncestorOf(stop)) << description(*stop);
+            EXPECT_TRUE(stop == &application.frontItem() || application.frontItem().isAncestorOf(stop))
+                << description(*stop);
         EXPECT_EQ(application.rootItem().isEnabled(), &application.frontScreen() == &application.root());
     });
 }

@@ -21,6 +21,7 @@
 #include "platform/uikit/UITabBarController.h"
 #include "platform/uikit/UITableViewCell.h"
 #include "settings/FeedbackViewController.h"
+#include "settings/OnboardingViewControllerV2.h"
 #include "sources/ConversionQualityViewController.h"
 #include "sources/URLInputViewController.h"
 
@@ -141,6 +142,12 @@ void writingAMail(TestApplication& application) {
     application.present(std::make_unique<MFMailComposeViewController>());
 }
 
+void onboarding(TestApplication& application) {
+    application.screens().setRootViewController(std::make_unique<OnboardingViewControllerV2>());
+    application.tap("continue");
+    application.tap("continue");
+}
+
 void feedback(TestApplication& application) {
     application.present(std::make_unique<FeedbackViewController>());
     application.tap("3 stars");
@@ -197,6 +204,7 @@ const std::vector<Situation>& situations() {
         {"licences", licences},
         {"writing a mail", writingAMail},
         {"feedback", feedback},
+        {"onboarding", onboarding},
         {"photo library", photoLibrary},
         {"empty photo library", emptyPhotoLibrary},
         {"places", places},

@@ -2,6 +2,7 @@
 #include "TestApplication.h"
 
 #include "fakes/ScriptedHTTPClient.h"
+#include "settings/UserSettings.h"
 
 #include <QDir>
 #include <QTest>
@@ -38,6 +39,7 @@ TestApplication::TestApplication() {
     homeFile("Documents/Reelsmith/outputs/A film of the library.mp4");
     m_application = std::make_unique<WindowApplication>(platform(), std::make_shared<ScriptedHTTPClient>());
     appearance().setDurationsScale(0);
+    UserSettings::shared().setDidShowOnboarding(true);
     m_application->launch({});
     window().requestActivate();
     if (!QTest::qWaitForWindowActive(&window()))

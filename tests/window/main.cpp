@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/avfoundation/WorkerProcess.h"
+#include "platform/linux/multimedia/MultimediaPlayback.h"
 
 #include <QGuiApplication>
 #include <QRegularExpression>
@@ -33,6 +34,7 @@ int main(int argc, char** argv) {
     for (const char* bus : {"DBUS_SESSION_BUS_ADDRESS", "DBUS_SYSTEM_BUS_ADDRESS"})
         qputenv(bus, "unix:path=/nowhere");
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    reelsmith::MultimediaPlayback::chooseEngine();
     QGuiApplication application(argc, argv);
     QGuiApplication::setQuitOnLastWindowClosed(false);
     testing::InitGoogleTest(&argc, argv);

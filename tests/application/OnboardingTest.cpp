@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Support.h"
+
+#include "app/AppDelegate.h"
+#include "app/MainTabBarController.h"
+#include "settings/OnboardingViewControllerV2.h"
+#include "settings/UserSettings.h"
+
+using namespace reelsmith;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Notes what it is to play.
+class NotedPlayback : public VideoPlayback {
+public:
+    explicit NotedPlayback(QStringList& log) : m_log(log) {}
+
+    void setSource(const QUrl& url) override { m_log.append(url.fileName()); }
+    void seek(const CMTime& time) override { m_log.append(QString::number(time.seconds())); }
+    void play() override { m_log.append(u"play"_s); }
+
+private:
+    QStringList& m_log;
+};
+
+class CountedHaptics : public Haptics {
+public:
+    explicit CountedHaptics(int& count) : m_count(count) {}
+
+    void impactOccurred() override { ++m_count; }
+
+private:
+    int& m_count;
+};
+
+/// A first start, before anything is done.
+class Onboarding : public ApplicationTest {
+protected:
+    Onboarding() {
+        UserSettings::shared().setSendUsageData(true);
+        UserSettings::shared().setDidShowOnboarding(false);
+        AVPlayer::setPlaybackFactory([this] { return std::make_unique<NotedPlayback>(m_played); });
+        UIImpactFeedbackGenerator::setHaptics(std::make_unique<CountedHaptics>(m_impacts));
+    }
+    ~Onboarding() override {
+        AVPlayer::setPlaybackFactory([] { return std::make_unique<VideoPlayback>(); });
+        UIImpactFeedbackGenerator::setHaptics(std::make_unique<Haptics>());
+    }
+
+    template<typename Screen>
+    Screen* root() {
+        return qobject_cast<Screen*>(m_delegate.window()->rootViewController());
+    }
+    qsizetype tutorialCount() const {
+        const InMemoryAnalytics::Event started{u"started_tutorial"_s, std::nullopt};
+        return m_services.analytics->state().events.count(started);
+    }
+
+    QStringList m_played;
+    int m_impacts = 0;
+    AppDelegate m_delegate{std::make_unique<UIWindow>(),
+                           {m_services.remoteConfig, m_services.installations, m_services.analytics}};
+};
+
+} // namespace
+
+TEST_F(Onboarding, ThreeTapsLeadFromTheFirstPageToTheTabBar) {
+    struct Page {
+        QString title, message, button, video;
+    };
+    const Page pages[] = {
+        {u"Welcome to Reelsmith"_s, u"The easiest way to convert your video files!"_s, u"Continue"_s,
+         u"intro0.mp4"_s},
+        {u"Convert using your phone"_s, u"All conversions are done offline, using your device's power"_s,
+         u"Continue"_s, u"intro1.mp4"_s},
+        {u"Multiple quality options"_s, u"Achieve the perfect balance between image quality and file sizes"_s,
+         u"Start"_s, u"intro2.mp4"_s},
+    };
+    m_delegate.didFinishLaunchingWithOptions();
+    ASSERT_TRUE(runLoopUntil([this] { return m_console.lines().contains(u"Fetched remote settings"_s); }));
+    auto* screen = root<OnboardingViewControllerV2>();
+    ASSERT_NE(screen, nullptr);
+    EXPECT_EQ(screen->playerLayer()->videoGravity(), AVPlayerLayer::VideoGravity::ResizeAspectFill);
+    for (const Page& page : pages) {
+        EXPECT_EQ(screen->titleLabel()->text(), page.title);
+        EXPECT_EQ(screen->descriptionLabel()->text(), page.message);
+        EXPECT_EQ(screen->continueButton()->title(), page.button);
+        EXPECT_EQ(std::exchange(m_played, {}), (QStringList{page.video, u"0"_s, u"play"_s}));
+        screen->continueTapped();
+    }
+    EXPECT_FALSE(screen->continueButton()->isEnabled());
+    screen->continueTapped(); // a double tap
+    EXPECT_EQ(m_impacts, 3);
+    ASSERT_TRUE(runLoopUntil([this] { return root<MainTabBarController>() != nullptr; }));
+    EXPECT_EQ(m_console.lines().count(u"Instantiated videos vc with default"_s), 1);
+    EXPECT_TRUE(m_played.isEmpty());
+}
+
+TEST_F(Onboarding, CountsAsShownFromItsFirstAppearance) {
+    m_delegate.didFinishLaunchingWithOptions();
+    EXPECT_TRUE(UserSettings::shared().didShowOnboarding());
+    EXPECT_EQ(tutorialCount(), 1);
+    UIViewController& screen = *m_delegate.window()->rootViewController();
+    screen.beginAppearanceTransition(false);
+    screen.endAppearanceTransition();
+    screen.beginAppearanceTransition(true);
+    screen.endAppearanceTransition();
+    EXPECT_EQ(tutorialCount(), 2);
+
+    AppDelegate nextLaunch(std::make_unique<UIWindow>(), {});
+    nextLaunch.didFinishLaunchingWithOptions();
+    EXPECT_NE(qobject_cast<MainTabBarController*>(nextLaunch.window()->rootViewController()), nullptr);
+}
+
+TEST_F(Onboarding, WithoutConsentItIsShownButNotCounted) {
+    UserSettings::shared().setSendUsageData(false);
+    m_delegate.didFinishLaunchingWithOptions();
+    EXPECT_TRUE(UserSettings::shared().didShowOnboarding());
+    EXPECT_EQ(tutorialCount(), 0);
+}
