@@ -68,8 +68,9 @@ void showFeedback(WindowApplication& application) {
     auto screen = std::make_unique<FeedbackViewController>();
     FeedbackViewController* const shown = screen.get();
     constexpr int fourthStar = 3;
-    tabs(application).present(std::move(screen), Animated::No,
-                              [shown] { shown->starEvaluationView()->starSelected(fourthStar); });
+    tabs(application).present(std::move(screen), Animated::No, [shown] {
+        shown->starEvaluationView()->starSelected(fourthStar);
+    });
 }
 
 void showPicker(WindowApplication& application) {
