@@ -4,11 +4,8 @@
 #include "conversion/ProgressViewController.h"
 #include "conversion/VideoConversionViewController.h"
 #include "fakes/ScriptedMailDrafts.h"
-#include "fakes/ScriptedMailDrafts.h"
 #include "library/ConvertedVideosViewController.h"
 #include "library/VideosViewController.h"
-#include "platform/screens/MFMailComposeViewController.h"
-#include "platform/screens/PlatformServices.h"
 #include "platform/screens/MFMailComposeViewController.h"
 #include "platform/screens/PlatformServices.h"
 #include "platform/screens/UIActivityViewController.h"
@@ -130,18 +127,6 @@ void writingAMail(TestApplication& application) {
     application.present(std::make_unique<MFMailComposeViewController>());
 }
 
-void licences(TestApplication& application) {
-    application.tap("tab2");
-    // Far down in a low window.
-    QMetaObject::invokeMethod(tab(application, 2).topViewController(), "licencesTapped");
-    EXPECT_TRUE(runLoopUntil([&] { return tab(application, 2).topViewController()->isVisible(); }));
-}
-
-void writingAMail(TestApplication& application) {
-    PlatformServices::shared().mailDrafts = std::make_unique<ScriptedMailDrafts>();
-    application.present(std::make_unique<MFMailComposeViewController>());
-}
-
 void onboarding(TestApplication& application) {
     application.screens().setRootViewController(std::make_unique<OnboardingViewControllerV2>());
     application.tap("continue");
@@ -199,8 +184,6 @@ const std::vector<Situation>& situations() {
         {"options of a video", libraryOptions},
         {"details of a video", libraryDetail},
         {"settings", [](TestApplication& application) { application.tap("tab2"); }},
-        {"licences", licences},
-        {"writing a mail", writingAMail},
         {"licences", licences},
         {"writing a mail", writingAMail},
         {"feedback", feedback},

@@ -50,6 +50,10 @@ void UIAlertController::press(int index) {
     dismiss(Animated::Yes, m_actions.at(static_cast<std::size_t>(index)).handler);
 }
 
+QString UIAlertController::interfaceName() const {
+    return isActionSheet() ? QStringLiteral("UIAlertActionSheet") : UIViewController::interfaceName();
+}
+
 bool UIAlertController::goBack() {
     const auto cancel = std::ranges::find(m_actions, ActionStyle::Cancel, &Action::style);
     if (cancel == m_actions.end() && m_actions.size() != 1)

@@ -34,7 +34,10 @@ public:
     Q_INVOKABLE void press(int index);
 
     /// Presses the cancel button, else the only one.
-    bool goBack() override;
+    Q_INVOKABLE bool goBack() override;
+
+    /// An action sheet has one of its own, "UIAlertActionSheet".
+    QString interfaceName() const override;
 
 signals:
     void actionsChanged();
