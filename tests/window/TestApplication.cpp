@@ -36,7 +36,7 @@ void send(QQuickWindow& window, QEvent::Type type, QPointF place, Qt::MouseButto
 TestApplication::TestApplication() {
     for (const char* folder : {"Documents", "Videos"})
         QDir(QDir::homePath() + '/' + folder).removeRecursively();
-    homeFile("Documents/Reelsmith/outputs/A film of the library.mp4");
+    homeFile("Documents/Reelsmith/outputs/Summer by the sea.mp4");
     m_application = std::make_unique<WindowApplication>(platform(), std::make_shared<ScriptedHTTPClient>());
     appearance().setDurationsScale(0);
     UserSettings::shared().setDidShowOnboarding(true);
