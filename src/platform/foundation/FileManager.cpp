@@ -53,7 +53,8 @@ Result<QList<QUrl>> FileManager::contentsOfDirectory(const QUrl& url) const {
     QList<QUrl> contents;
     std::filesystem::directory_iterator entry(filePath(url), error);
     for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
-        if (entry->path().filename().native().front() != '.')
+        const std::string& path = entry->path().native();
+        if (path[path.rfind('/') + 1] != '.')
             contents.append(fileUrl(entry->path()));
     }
     if (error)

@@ -14,15 +14,21 @@ QByteArray percentEncoded(const QByteArray& path) {
 } // namespace
 
 QUrl fileUrl(const std::filesystem::path& path) {
-    const std::string bytes = std::filesystem::absolute(path).string();
-    return QUrl::fromEncoded("file://" + percentEncoded(QByteArray::fromStdString(bytes)), QUrl::StrictMode);
+    if (!path.is_absolute())
+        return fileUrl(std::filesystem::absolute(path));
+    const std::string& bytes = path.native();
+    const auto view = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    return QUrl::fromEncoded("file://" + percentEncoded(view), QUrl::StrictMode);
 }
 
 std::filesystem::path filePath(const QUrl& url) {
     const QByteArray bytes = QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toUtf8());
     if (!url.isLocalFile() || !bytes.startsWith('/') || bytes.contains('\0'))
         return {};
-    std::filesystem::path path = std::filesystem::path(bytes.toStdString()).lexically_normal();
+    std::filesystem::path path(bytes.toStdString());
+    // Most paths are in order as they are, and setting them in order takes longer than all the rest.
+    if (bytes.contains("/.") || bytes.contains("//"))
+        path = path.lexically_normal();
     if (!path.has_filename() && path.has_relative_path())
         path = path.parent_path();
     return path;
