@@ -163,15 +163,6 @@ void choice(TestApplication& application) {
     application.present(std::move(sheet));
 }
 
-void choice(TestApplication& application) {
-    auto sheet = std::make_unique<UIAlertController>("Which one?", "Either will do.",
-                                                     UIAlertController::Style::ActionSheet);
-    sheet->addAction("this", UIAlertController::ActionStyle::Default);
-    sheet->addAction("that", UIAlertController::ActionStyle::Destructive);
-    sheet->addAction("none", UIAlertController::ActionStyle::Cancel);
-    application.present(std::move(sheet));
-}
-
 template<typename Cell>
 void contextMenu(TestApplication& application) {
     static Cell cell;
@@ -208,7 +199,6 @@ const std::vector<Situation>& situations() {
         {"share sheet", shareSheet},
         {"failure", failure},
         {"question", question},
-        {"choice", choice},
         {"choice", choice},
         {"menu of a tile", contextMenu<UICollectionViewCell>},
         {"menu of a row", contextMenu<UITableViewCell>},
