@@ -31,6 +31,8 @@ BottomSheet {
     Repeater {
         model: sheet.controller.actions
 
+        // qmllint disable unqualified
+        // qmllint disable unqualified
         Button {
             required property var modelData
             required property int index
@@ -40,5 +42,7 @@ BottomSheet {
             kind: modelData.style === "destructive" ? Button.Danger : modelData.style === "cancel" ? Button.Secondary : Button.Tonal
             onClicked: sheet.controller.press(index)
         }
+        // qmllint enable unqualified
+        // qmllint enable unqualified
     }
 }
