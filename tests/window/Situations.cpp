@@ -103,7 +103,7 @@ void downloading(TestApplication& application) {
 }
 
 void converting(TestApplication& application) {
-    application.open(homeFile("Videos/" + longName + ".mp4", "export progress 0.5\nexport hang\n"));
+    application.open(homeFile("Videos/" + longName + ".mp4", "export progress 0.5\n" + awaitingEnd()));
     application.await<ConversionQualityViewController>();
     application.tap("convert");
     auto* const card = application.await<ProgressViewController>();

@@ -2,6 +2,7 @@
 #include "TestApplication.h"
 
 #include "fakes/ScriptedHTTPClient.h"
+#include "platform/foundation/OngoingWork.h"
 #include "settings/UserSettings.h"
 
 #include <QDir>
@@ -47,6 +48,12 @@ TestApplication::TestApplication() {
     settle();
 }
 
+TestApplication::~TestApplication() {
+    m_application.reset();
+    homeFile(endMark);
+    EXPECT_TRUE(runLoopUntil([] { return !OngoingWork::isAny(); }));
+}
+
 void TestApplication::present(std::unique_ptr<UIViewController> screen) {
     root().present(std::move(screen), Animated::Yes);
     settle();
@@ -72,8 +79,14 @@ QQuickItem& TestApplication::control(const QString& name) {
     throw std::runtime_error("Nothing in front is called " + name.toStdString());
 }
 
+QPointF TestApplication::centre(const QString& name) {
+    // What is new in the window has its place only when that is drawn.
+    window().grabWindow();
+    return sceneRectangle(control(name)).center();
+}
+
 void TestApplication::tap(const QString& name) {
-    tapAt(sceneRectangle(control(name)).center());
+    tapAt(centre(name));
 }
 
 void TestApplication::tapAt(QPointF place) {
@@ -81,7 +94,7 @@ void TestApplication::tapAt(QPointF place) {
 }
 
 void TestApplication::tapTwice(const QString& name) {
-    const QPointF place = sceneRectangle(control(name)).center();
+    const QPointF place = centre(name);
     for (int i = 0; i < 2; ++i) {
         send(window(), QEvent::MouseButtonPress, place, Qt::LeftButton);
         send(window(), QEvent::MouseButtonRelease, place, Qt::NoButton);
@@ -119,6 +132,10 @@ std::vector<QQuickItem*> controls(QQuickItem& item) {
 
 QRectF sceneRectangle(const QQuickItem& item) {
     return item.mapRectToScene({QPointF(), item.size()});
+}
+
+QByteArray awaitingEnd() {
+    return "export await " + (QDir::homePath() + '/' + endMark).toUtf8() + '\n';
 }
 
 QString homeFile(const QString& name, const QByteArray& contents) {

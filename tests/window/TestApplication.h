@@ -19,6 +19,8 @@ namespace reelsmith {
 class TestApplication {
 public:
     TestApplication();
+    /// Lets all that waits for the end go on to its own.
+    ~TestApplication();
 
     QQuickWindow& window() { return m_application->quickWindow(); }
     Appearance& appearance() { return m_application->appearance(); }
@@ -56,6 +58,8 @@ public:
     void type(const QString& text);
 
 private:
+    QPointF centre(const QString& name);
+
     ConsoleCapture m_console;
     std::unique_ptr<WindowApplication> m_application;
 };
@@ -67,6 +71,10 @@ std::vector<QQuickItem*> visibleItems(QQuickItem& item);
 std::vector<QQuickItem*> controls(QQuickItem& item);
 
 QRectF sceneRectangle(const QQuickItem& item);
+
+/// What has a conversion of the scripted worker wait for the end of the application, or for this file.
+const QString endMark = "Videos/the end";
+QByteArray awaitingEnd();
 
 /// A file in the home folder, made with all the folders above it.
 QString homeFile(const QString& name, const QByteArray& contents = {});

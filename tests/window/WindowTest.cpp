@@ -31,7 +31,7 @@ TEST(Window, TwoTapsAtOnceGiveOneScreen) {
         EXPECT_EQ(application.screens().presentations().screens().size(), 1U) << source;
     }
     TestApplication application;
-    application.open(homeFile("Videos/film.avi", "export hang\n"));
+    application.open(homeFile("Videos/film.avi", awaitingEnd()));
     ASSERT_TRUE(application.await<ConversionQualityViewController>());
     application.tapTwice("convert");
     ASSERT_TRUE(application.await<ProgressViewController>());
@@ -105,8 +105,7 @@ class ClosingWindow : public testing::Test {
 protected:
     /// Closes the window in the middle of a conversion; presses the button of that name, once asked.
     void closeAndAnswer(const char* button) {
-        m_application.open(homeFile("Videos/film.avi", "export progress 0.5\nexport await " +
-                                                           m_mark.toUtf8() + "\n" + goodScript));
+        m_application.open(homeFile("Videos/film.avi", "export progress 0.5\n" + awaitingEnd() + goodScript));
         ASSERT_TRUE(m_application.await<ConversionQualityViewController>());
         m_application.tap("convert");
         auto* const card = m_application.await<ProgressViewController>();
@@ -118,7 +117,6 @@ protected:
         m_application.tap(button);
     }
 
-    const QString m_mark = QDir::homePath() + "/Videos/go on";
     TestApplication m_application;
 };
 
@@ -126,7 +124,7 @@ TEST_F(ClosingWindow, DuringAConversionItAsksAndMayGoOn) {
     closeAndAnswer("keep converting");
     ASSERT_TRUE(m_application.await<ProgressViewController>());
     EXPECT_TRUE(m_application.window().isVisible());
-    homeFile("Videos/go on");
+    homeFile(endMark);
     ASSERT_TRUE(m_application.await<UIActivityViewController>());
     EXPECT_TRUE(isInLibrary("film.mp4"));
     EXPECT_TRUE(m_application.window().close());
