@@ -70,6 +70,8 @@ void WindowApplication::followDesktop() {
 }
 
 void WindowApplication::followWindow() {
+    // The default draws each letter as a distance field first, for which the first frame would have to wait.
+    QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
     m_quickWindow.setTitle(QStringLiteral("Reelsmith"));
     m_quickWindow.resize(designedSize);
     m_quickWindow.installEventFilter(this);
