@@ -5,6 +5,7 @@
 #include "platform/screens/PlatformServices.h"
 #include "platform/screens/UIDocumentPickerCell.h"
 
+#include <QDir>
 #include <QLocale>
 #include <algorithm>
 #include <utility>
@@ -21,11 +22,19 @@ DocumentChooser& dialog() {
     return *PlatformServices::shared().documentChooser;
 }
 
+// "~" stands for the home folder.
+QString shortPath(const QUrl& folder) {
+    const QString path = folder.toLocalFile();
+    const QString home = QDir::homePath();
+    const bool isAtHome = path == home || path.startsWith(home + QLatin1Char('/'));
+    return isAtHome ? QLatin1Char('~') + path.mid(home.size()) : path;
+}
+
 QString detail(const FolderListing::Entry& entry) {
     const QLocale locale;
     const QString date = locale.toString(entry.modified.date(), QLocale::ShortFormat);
     if (entry.isFolder)
-        return entry.modified.isValid() ? date : entry.url.toLocalFile();
+        return entry.modified.isValid() ? date : shortPath(entry.url);
     return locale.formattedDataSize(entry.sizeBytes, 1, QLocale::DataSizeSIFormat) + QStringLiteral(" · ") +
            date;
 }
