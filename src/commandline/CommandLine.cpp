@@ -8,8 +8,8 @@
 #include "commandline/LogFile.h"
 #include "commandline/StandardStreams.h"
 #include "library/FileSystem.h"
-#include "platform/linux/network/NetworkHTTPClient.h"
 #include "platform/foundation/OwnPrograms.h"
+#include "platform/linux/network/NetworkHTTPClient.h"
 #include "remote/ABTestManager.h"
 
 #include <QCoreApplication>
