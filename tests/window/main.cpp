@@ -12,14 +12,16 @@ Q_IMPORT_QML_PLUGIN(ReelsmithPlugin)
 Q_IMPORT_QML_PLUGIN(Reelsmith_PartsPlugin)
 Q_IMPORT_QML_PLUGIN(Reelsmith_ScreensPlugin)
 
-// Qt Quick's store of loaded pictures outlives its last window. No screen or item is excused, only what was
-// loaded for an Image; for that to be seen, the way to an allocation must be known through Qt's own code.
+// Qt Quick's store of loaded pictures outlives its last window, and Qt's player forgets the options of a codec. No
+// screen or item is excused; to tell, the way to an allocation must be known through Qt's own code.
 // NOLINTBEGIN(bugprone-reserved-identifier): the sanitizers' names
 extern "C" const char* __asan_default_options() {
     return "fast_unwind_on_malloc=0";
 }
 extern "C" const char* __lsan_default_suppressions() {
-    return "leak:QQuickPixmap::load\nleak:QSGRenderContext::textureForFactory\n";
+    return "leak:QQuickPixmap::load\n"
+           "leak:QSGRenderContext::textureForFactory\n"
+           "leak:libffmpegmediaplugin.so\n";
 }
 // NOLINTEND(bugprone-reserved-identifier)
 
