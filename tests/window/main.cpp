@@ -12,8 +12,8 @@ Q_IMPORT_QML_PLUGIN(ReelsmithPlugin)
 Q_IMPORT_QML_PLUGIN(Reelsmith_PartsPlugin)
 Q_IMPORT_QML_PLUGIN(Reelsmith_ScreensPlugin)
 
-// Qt Quick's store of loaded pictures outlives its last window, and Qt's player forgets the options of a codec. No
-// screen or item is excused; to tell, the way to an allocation must be known through Qt's own code.
+// Qt Quick's store of loaded pictures outlives its last window, and Qt's player forgets the options of a
+// codec. No screen or item is excused; to tell, the way to an allocation must be known through Qt's own code.
 // NOLINTBEGIN(bugprone-reserved-identifier): the sanitizers' names
 extern "C" const char* __asan_default_options() {
     return "fast_unwind_on_malloc=0";
