@@ -2,6 +2,7 @@
 #include "platform/linux/network/DownloadTransfer.h"
 
 #include "platform/foundation/URLs.h"
+#include "platform/linux/network/Answered.h"
 
 namespace reelsmith {
 
@@ -60,11 +61,11 @@ void DownloadTransfer::finish() {
 }
 
 Result<void> DownloadTransfer::result() {
-    if (isAnswered())
+    if (isAnswered(*m_reply))
         store();
     if (!m_writeError.isEmpty())
         return failure(m_writeError);
-    if (!isAnswered())
+    if (!isAnswered(*m_reply))
         return failure(m_reply->errorString());
     // Now and then Qt takes the end of a connection for the end of the body.
     if (expectedBytes().value_or(m_receivedBytes) != m_receivedBytes)
@@ -78,15 +79,6 @@ Result<void> DownloadTransfer::moveIntoPlace() {
         std::filesystem::exists(filePath(m_destination.fileURL), error))
         return failure(QStringLiteral("there is a file of that name already"));
     return m_output->moveIntoPlace();
-}
-
-// The status of an answer counts as an error of the reply, as does a transfer that has broken off.
-bool DownloadTransfer::isAnswered() const {
-    const QNetworkReply::NetworkError error = m_reply->error();
-    const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    const bool isOfStatus = status >= 400 && error >= QNetworkReply::ContentAccessDenied &&
-                            error != QNetworkReply::ProtocolFailure;
-    return error == QNetworkReply::NoError || isOfStatus;
 }
 
 std::optional<qint64> DownloadTransfer::expectedBytes() const {

@@ -25,7 +25,6 @@ private:
     void finish();
     Result<void> result();
     Result<void> moveIntoPlace();
-    bool isAnswered() const;
     std::optional<qint64> expectedBytes() const;
 
     QNetworkReply* const m_reply;
