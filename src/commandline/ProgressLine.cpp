@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "commandline/ProgressLine.h"
 
+#include "platform/foundation/ClockText.h"
+
 #include <QLocale>
 #include <cmath>
 #include <cstdio>
@@ -11,14 +13,6 @@ namespace {
 
 // Before this the pace says nothing.
 constexpr double leastFraction = 0.01;
-
-QString timeText(qint64 seconds) {
-    const QString minutesAndSeconds =
-        QStringLiteral("%1:%2")
-            .arg(seconds / 60 % 60, seconds < 3600 ? 1 : 2, 10, QLatin1Char('0'))
-            .arg(seconds % 60, 2, 10, QLatin1Char('0'));
-    return seconds < 3600 ? minutesAndSeconds : QStringLiteral("%1:").arg(seconds / 3600) + minutesAndSeconds;
-}
 
 void print(const QByteArray& text) {
     std::fwrite(text.constData(), 1, static_cast<std::size_t>(text.size()), stderr);
@@ -57,7 +51,8 @@ QString ProgressLine::text(const QString& name, double fraction, std::chrono::se
     if (fraction < leastFraction)
         return percent + QStringLiteral("  ") + name;
     const double left = static_cast<double>(elapsed.count()) * (1 - fraction) / fraction;
-    return percent + QStringLiteral("  ") + timeText(std::llround(left)) + QStringLiteral(" left  ") + name;
+    return percent + QStringLiteral("  ") + clockText(std::llround(left), 1) + QStringLiteral(" left  ") +
+           name;
 }
 
 } // namespace reelsmith

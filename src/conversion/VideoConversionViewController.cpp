@@ -71,13 +71,18 @@ void VideoConversionViewController::importFromFilesTapped() {
     present(std::move(picker), Animated::Yes);
 }
 
-void VideoConversionViewController::videoURLTapped() {
+// Without a tab bar nothing is shown.
+void VideoConversionViewController::presentFromTabBar(std::unique_ptr<UIViewController> card,
+                                                      Completion completion) {
     UITabBarController* const tabs = navigationController() ? tabBarController() : nullptr;
-    if (tabs == nullptr)
-        return;
+    if (tabs != nullptr)
+        tabs->present(std::move(card), Animated::Yes, std::move(completion));
+}
+
+void VideoConversionViewController::videoURLTapped() {
     auto card = std::make_unique<URLInputViewController>();
     card->setDelegate(this);
-    tabs->present(std::move(card), Animated::Yes);
+    presentFromTabBar(std::move(card));
 }
 
 void VideoConversionViewController::imagePickerControllerDidFinishPickingMediaWithInfo(
@@ -109,12 +114,9 @@ void VideoConversionViewController::dismissPresentedScreen(Completion completion
 }
 
 void VideoConversionViewController::chooseQuality(const QUrl& source) {
-    UITabBarController* const tabs = navigationController() ? tabBarController() : nullptr;
-    if (tabs == nullptr)
-        return;
     auto card = std::make_unique<ConversionQualityViewController>(source);
     card->setDelegate(this);
-    tabs->present(std::move(card), Animated::Yes);
+    presentFromTabBar(std::move(card));
 }
 
 void VideoConversionViewController::urlEntered(const QUrl& url) {
@@ -137,9 +139,7 @@ VideoConversionViewController::presentProgress(ProgressViewController::DisplayMo
     auto card = std::make_unique<ProgressViewController>(mode);
     card->setDelegate(this);
     m_progressController = card.get();
-    UITabBarController* const tabs = navigationController() ? tabBarController() : nullptr;
-    if (tabs != nullptr)
-        tabs->present(std::move(card), Animated::Yes, std::move(completion));
+    presentFromTabBar(std::move(card), std::move(completion));
     return m_progressController;
 }
 
@@ -183,10 +183,7 @@ void VideoConversionViewController::presentFailure(const QString& verb,
     QString message = QStringLiteral("Reelsmith could not ") + verb + QStringLiteral(" the selected video.");
     if (reason)
         message += QStringLiteral("\nReason: ") + *reason;
-    auto alert = std::make_unique<UIAlertController>(QStringLiteral("Conversion Failed"), message,
-                                                     UIAlertController::Style::Alert);
-    alert->addAction(QStringLiteral("ok"), UIAlertController::ActionStyle::Default);
-    present(std::move(alert), Animated::Yes);
+    present(UIAlertController::notice(QStringLiteral("Conversion Failed"), message), Animated::Yes);
 }
 
 } // namespace reelsmith

@@ -79,6 +79,7 @@ protected:
 
 private:
     void takePendingFile();
+    void presentFromTabBar(std::unique_ptr<UIViewController> card, Completion completion = {});
 
     LayoutConstraint m_topConstraint;
     View m_stillConvertingView;

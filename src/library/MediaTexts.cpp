@@ -36,10 +36,4 @@ QString resolutionText(const QSizeF& size, const QLocale& locale) {
     return dimensionText(size.width(), locale) + QLatin1Char('x') + dimensionText(size.height(), locale);
 }
 
-QString shortDurationText(double seconds) {
-    const auto whole = static_cast<qint64>(seconds);
-    const QString minutesAndSeconds = twoDigits(whole % 3600 / 60) + QLatin1Char(':') + twoDigits(whole % 60);
-    return whole < 3600 ? minutesAndSeconds : QStringLiteral("%1:").arg(whole / 3600) + minutesAndSeconds;
-}
-
 } // namespace reelsmith

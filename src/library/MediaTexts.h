@@ -15,7 +15,4 @@ QString durationText(double seconds);
 /// "WIDTHxHEIGHT" without signs, in the locale's decimal style; "--" for a dimension that is no number.
 QString resolutionText(const QSizeF& size, const QLocale& locale);
 
-/// Minutes and seconds, and hours where there are any: "03:12", "1:02:05".
-QString shortDurationText(double seconds);
-
 } // namespace reelsmith

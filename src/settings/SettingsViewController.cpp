@@ -101,9 +101,7 @@ void SettingsViewController::presentMailResult(MFMailComposeResult result) {
     } else {
         return;
     }
-    auto alert = std::make_unique<UIAlertController>(title, message, UIAlertController::Style::Alert);
-    alert->addAction(QStringLiteral("OK"), UIAlertController::ActionStyle::Default);
-    present(std::move(alert), Animated::Yes);
+    present(UIAlertController::notice(title, message, QStringLiteral("OK")), Animated::Yes);
 }
 
 } // namespace reelsmith

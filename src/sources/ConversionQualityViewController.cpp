@@ -109,11 +109,9 @@ void ConversionQualityViewController::qualityTapped() {
 void ConversionQualityViewController::convertTapped() {
     const QString name = m_filenameTextField.displayedText();
     if (name.isEmpty()) {
-        auto alert = std::make_unique<UIAlertController>(QStringLiteral("Error"),
-                                                         QStringLiteral("You must enter a valid output name"),
-                                                         UIAlertController::Style::Alert);
-        alert->addAction(QStringLiteral("ok"), UIAlertController::ActionStyle::Default);
-        present(std::move(alert), Animated::Yes);
+        present(UIAlertController::notice(QStringLiteral("Error"),
+                                          QStringLiteral("You must enter a valid output name")),
+                Animated::Yes);
         return;
     }
     QualityPickerDelegate* const delegate = m_delegate.get();

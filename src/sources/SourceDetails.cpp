@@ -6,6 +6,7 @@
 #include "library/FileSystem.h"
 #include "library/MediaTexts.h"
 #include "platform/avfoundation/AVAsset.h"
+#include "platform/foundation/ClockText.h"
 #include "platform/foundation/DispatchQueue.h"
 #include "platform/foundation/URLs.h"
 #include "remote/FeatureToggles.h"
@@ -42,7 +43,7 @@ SourceDetails SourceDetails::of(const QUrl& file) {
     SourceDetails details;
     const AVAsset asset(file);
     if (const double seconds = asset.duration().seconds(); seconds > 0)
-        details.durationText = shortDurationText(seconds);
+        details.durationText = clockText(static_cast<qint64>(seconds), 2);
     if (const auto tracks = asset.tracks(AVMediaType::Video); !tracks.empty()) {
         const QSizeF shown = tracks.front().preferredTransform.applied(tracks.front().naturalSize);
         details.resolutionText = reelsmith::resolutionText(shown, QLocale::system());

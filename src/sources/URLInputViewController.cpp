@@ -44,12 +44,10 @@ void URLInputViewController::downloadTapped() {
 }
 
 void URLInputViewController::presentInvalidURLAlert() {
-    auto alert = std::make_unique<UIAlertController>(
-        QStringLiteral("Invalid URL"),
-        QStringLiteral("The URL should be valid and link directly to a video asset"),
-        UIAlertController::Style::Alert);
-    alert->addAction(QStringLiteral("ok"), UIAlertController::ActionStyle::Default);
-    present(std::move(alert), Animated::Yes);
+    present(UIAlertController::notice(
+                QStringLiteral("Invalid URL"),
+                QStringLiteral("The URL should be valid and link directly to a video asset")),
+            Animated::Yes);
 }
 
 void URLInputViewController::cancelTapped() {

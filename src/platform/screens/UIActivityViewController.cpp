@@ -114,10 +114,7 @@ void UIActivityViewController::finish(FileSharing::Outcome outcome, const QStrin
     if (isBeingDismissed())
         return;
     if (outcome == FileSharing::Outcome::Failed) {
-        auto alert = std::make_unique<UIAlertController>(QStringLiteral("Sharing Failed"), error,
-                                                         UIAlertController::Style::Alert);
-        alert->addAction(QStringLiteral("ok"), UIAlertController::ActionStyle::Default);
-        present(std::move(alert), Animated::Yes);
+        present(UIAlertController::notice(QStringLiteral("Sharing Failed"), error), Animated::Yes);
         return;
     }
     dismiss(Animated::Yes);

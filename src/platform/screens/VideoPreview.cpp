@@ -2,6 +2,7 @@
 #include "platform/screens/VideoPreview.h"
 
 #include "platform/avfoundation/AVAssetImageGenerator.h"
+#include "platform/foundation/ClockText.h"
 #include "platform/foundation/DispatchQueue.h"
 
 #include <algorithm>
@@ -70,10 +71,6 @@ private:
     bool m_isWorking = false;
 };
 
-QString digits(qint64 number, int atLeast) {
-    return QStringLiteral("%1").arg(number, atLeast, 10, QLatin1Char('0'));
-}
-
 } // namespace
 
 VideoPreview::VideoPreview(const QUrl& url, Completion completion) {
@@ -93,9 +90,7 @@ QString VideoPreview::durationText(double seconds, int minuteDigits) {
         return {};
     // What is shorter than a second still lasts.
     const auto whole = static_cast<qint64>(std::max(std::floor(seconds), 1.0));
-    const QString hours = whole < 3600 ? QString() : QString::number(whole / 3600) + QLatin1Char(':');
-    return hours + digits(whole % 3600 / 60, hours.isEmpty() ? minuteDigits : 2) + QLatin1Char(':') +
-           digits(whole % 60, 2);
+    return clockText(whole, minuteDigits);
 }
 
 } // namespace reelsmith

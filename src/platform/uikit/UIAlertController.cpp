@@ -30,6 +30,13 @@ UIAlertController::UIAlertController(const QString& title, const QString& messag
     setModalTransitionStyle(UIModalTransitionStyle::CrossDissolve);
 }
 
+std::unique_ptr<UIAlertController> UIAlertController::notice(const QString& title, const QString& message,
+                                                             const QString& button) {
+    auto alert = std::make_unique<UIAlertController>(title, message, Style::Alert);
+    alert->addAction(button, ActionStyle::Default);
+    return alert;
+}
+
 void UIAlertController::addAction(const QString& title, ActionStyle style, std::function<void()> handler) {
     m_actions.push_back({title, style, std::move(handler)});
     emit actionsChanged();

@@ -21,6 +21,10 @@ public:
 
     UIAlertController(const QString& title, const QString& message, Style style);
 
+    /// An alert with one button, which only closes it.
+    static std::unique_ptr<UIAlertController> notice(const QString& title, const QString& message,
+                                                     const QString& button = QStringLiteral("ok"));
+
     const QString& message() const { return m_message; }
     bool isActionSheet() const { return m_style == Style::ActionSheet; }
 

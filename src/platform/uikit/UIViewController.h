@@ -30,8 +30,6 @@ enum class UIModalTransitionStyle { CoverVertical, CrossDissolve };
 class UIViewController : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString title READ title WRITE setTitle NOTIFY titleChanged)
-    Q_PROPERTY(bool isFullScreen READ isFullScreen CONSTANT)
-    Q_PROPERTY(bool isCrossDissolving READ isCrossDissolving CONSTANT)
 
 public:
     using Completion = std::function<void()>;
@@ -49,7 +47,6 @@ public:
     UIModalTransitionStyle modalTransitionStyle() const { return m_transitionStyle; }
     void setModalTransitionStyle(UIModalTransitionStyle style) { m_transitionStyle = style; }
     bool isFullScreen() const { return m_presentationStyle == UIModalPresentationStyle::FullScreen; }
-    bool isCrossDissolving() const { return m_transitionStyle == UIModalTransitionStyle::CrossDissolve; }
 
     /// The screen that holds this one; null for a root or a presented screen.
     UIViewController* parent() const { return m_parent; }
