@@ -10,6 +10,8 @@ namespace reelsmith {
 
 namespace {
 
+using Endpoint = ServiceConfiguration::Endpoint;
+
 template<typename T>
 using Parser = std::optional<T> (*)(const QString& text);
 
@@ -69,28 +71,33 @@ QUrl appendingPath(QUrl url, const QString& path) {
     return url;
 }
 
+std::optional<Endpoint> readRemoteConfig(const ServiceSettings& settings) {
+    const auto base = value(settings, "OFREP_ENDPOINT", parseAddress);
+    if (!base)
+        return std::nullopt;
+    Endpoint endpoint{appendingPath(*base, QStringLiteral("/ofrep/v1/evaluate/flags"))};
+    endpoint.headers = value(settings, "OFREP_HEADERS", parseHeaders).value_or(ServiceHeaders());
+    endpoint.timeLimit = value(settings, "OFREP_TIMEOUT", parseMilliseconds).value_or(endpoint.timeLimit);
+    return endpoint;
+}
+
+std::optional<Endpoint> readMeasurement(const ServiceSettings& settings) {
+    auto url = value(settings, "OTEL_EXPORTER_OTLP_LOGS_ENDPOINT", parseAddress);
+    if (!url) {
+        if (const auto base = value(settings, "OTEL_EXPORTER_OTLP_ENDPOINT", parseAddress))
+            url = appendingPath(*base, QStringLiteral("/v1/logs"));
+    }
+    if (!url)
+        return std::nullopt;
+    return Endpoint{*url,
+                    value(settings, "OTEL_EXPORTER_OTLP_HEADERS", parseHeaders).value_or(ServiceHeaders())};
+}
+
 } // namespace
 
 ServiceConfiguration ServiceConfiguration::read() {
     const ServiceSettings settings = ServiceSettings::read();
-    ServiceConfiguration configuration;
-    if (const auto endpoint = value(settings, "OFREP_ENDPOINT", parseAddress)) {
-        configuration.remoteConfig =
-            Endpoint{appendingPath(*endpoint, QStringLiteral("/ofrep/v1/evaluate/flags")),
-                     value(settings, "OFREP_HEADERS", parseHeaders).value_or(ServiceHeaders())};
-    }
-    if (const auto limit = value(settings, "OFREP_TIMEOUT", parseMilliseconds))
-        configuration.remoteConfigTimeLimit = *limit;
-    auto logs = value(settings, "OTEL_EXPORTER_OTLP_LOGS_ENDPOINT", parseAddress);
-    if (!logs) {
-        if (const auto endpoint = value(settings, "OTEL_EXPORTER_OTLP_ENDPOINT", parseAddress))
-            logs = appendingPath(*endpoint, QStringLiteral("/v1/logs"));
-    }
-    if (logs) {
-        configuration.measurement = Endpoint{
-            *logs, value(settings, "OTEL_EXPORTER_OTLP_HEADERS", parseHeaders).value_or(ServiceHeaders())};
-    }
-    return configuration;
+    return {readRemoteConfig(settings), readMeasurement(settings)};
 }
 
 } // namespace reelsmith

@@ -18,12 +18,12 @@ struct ServiceConfiguration {
     struct Endpoint {
         QUrl url; ///< whole, one that `isServiceAddress` holds for
         ServiceHeaders headers = {};
+        std::chrono::milliseconds timeLimit = std::chrono::seconds(10); ///< for each exchange
 
         bool operator==(const Endpoint&) const = default;
     };
 
     std::optional<Endpoint> remoteConfig;
-    std::chrono::milliseconds remoteConfigTimeLimit = std::chrono::seconds(10);
     std::optional<Endpoint> measurement;
 
     /// The configuration as it is now. Once a launch; any thread.
