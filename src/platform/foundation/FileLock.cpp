@@ -8,10 +8,15 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
+#include <utility>
 
 namespace reelsmith {
 
 namespace {
+
+int openLockFile(const QString& path) {
+    return ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+}
 
 bool waitForLock(int descriptor) {
     int result = 0;
@@ -23,10 +28,15 @@ bool waitForLock(int descriptor) {
 
 } // namespace
 
-FileLock::FileLock(const QString& path)
-    : m_descriptor(::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600)) {
+FileLock::FileLock(const QString& path) : m_descriptor(openLockFile(path)) {
     if (m_descriptor < 0 || !waitForLock(m_descriptor))
         qWarning("Lock file %s: %s", qUtf8Printable(path), std::strerror(errno));
+}
+
+std::unique_ptr<FileLock> FileLock::ifFree(const QString& path) {
+    std::unique_ptr<FileLock> lock(new FileLock(openLockFile(path)));
+    const bool isTaken = lock->m_descriptor >= 0 && ::flock(lock->m_descriptor, LOCK_EX | LOCK_NB) == 0;
+    return isTaken ? std::move(lock) : nullptr;
 }
 
 FileLock::~FileLock() {
