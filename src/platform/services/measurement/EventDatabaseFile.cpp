@@ -77,7 +77,9 @@ tl::expected<std::unique_ptr<SqliteConnection>, SqliteError> openWhole(const QSt
     const bool isOurs = version.next() && version.integer(0) <= schemaVersion;
     if (database.failure())
         return tl::unexpected(*database.failure());
-    if (verdict != QLatin1StringView("ok") || !isOurs)
+    if (!isOurs)
+        return damage(QStringLiteral("a later version has made it"));
+    if (verdict != QLatin1StringView("ok"))
         return damage(verdict);
     return connection;
 }

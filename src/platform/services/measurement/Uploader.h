@@ -18,10 +18,10 @@ namespace reelsmith {
 
 /// Where events are uploaded to, and by whose word.
 struct UploadParts {
-    std::optional<ServiceConfiguration::Endpoint> endpoint; ///< none: nothing is ever sent
-    std::shared_ptr<ServiceTransport> transport;            ///< needed with an endpoint
-    std::shared_ptr<RemoteConfig> remoteConfig;             ///< of `MeasurementSettings`; null: the defaults
-    std::function<QString()> installationId;                ///< called on the engine's thread
+    std::optional<ServiceConfiguration::Endpoint> endpoint = {}; ///< none: nothing is ever sent
+    std::shared_ptr<ServiceTransport> transport = {};            ///< needed with an endpoint
+    std::shared_ptr<RemoteConfig> remoteConfig = {}; ///< of `MeasurementSettings`; null: the defaults
+    std::function<QString()> installationId = {};    ///< called on the engine's thread
     std::chrono::milliseconds shortestRetryWait = std::chrono::seconds(30);
 };
 

@@ -1,0 +1,113 @@
+#!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Kills programs that measure on one database, several at a time, and looks whether an event is lost.
+
+    kill_test.py PROGRAM [KILLS]
+
+Whatever had been logged a second before its program was killed must be in the database or at the collector, and
+whatever is there twice must have the same id.
+"""
+import collections
+import json
+import os
+import random
+import sqlite3
+import subprocess
+import sys
+import tempfile
+import threading
+import time
+
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "../../fakes"))
+import collector  # noqa: E402
+
+AT_A_TIME = 4
+LONGEST_LIFE = 2.5  # seconds
+PACE = 0.01  # seconds from event to event
+MOST_NUMBERS = 1000000  # of one life
+
+
+class Run:
+    def __init__(self, program, kills):
+        self.program = program
+        self.lives = iter(range(kills))
+        self.lock = threading.Lock()
+        self.wanted = kills
+        self.kills = 0
+        self.safe = set()  # the numbers of the events that must not be lost
+        self.logged = 0
+        self.received = collections.defaultdict(list)  # their ids, by their numbers
+        self.server = collector.Collector(self.take)
+
+    def take(self, request):
+        for _, _, attributes in collector.records(request):
+            self.received[int(attributes["number"])].append(attributes["log.record.uid"])
+        time.sleep(random.uniform(0, 0.03))  # so that many are killed before they have the answer
+
+    def lane(self, folder):
+        while True:
+            with self.lock:
+                life = next(self.lives, None)
+            if life is None:
+                return
+            self.live_and_die(folder, life * MOST_NUMBERS)
+
+    def live_and_die(self, folder, first):
+        process = subprocess.Popen(
+            [self.program, "--measure", folder, f"http://127.0.0.1:{self.server.server_port}/200", str(first)],
+            stdin=subprocess.PIPE, stdout=subprocess.PIPE, bufsize=0)
+        death = time.monotonic() + random.uniform(0.05, LONGEST_LIFE)
+        returned = {}
+        while time.monotonic() < death:
+            number = int(process.stdout.readline())
+            returned[number] = time.monotonic()
+            time.sleep(PACE)
+            process.stdin.write(b"\n")
+        killed = time.monotonic()
+        process.kill()
+        process.communicate()
+        with self.lock:
+            self.kills += 1
+            self.logged += len(returned)
+            self.safe.update(number for number, when in returned.items() if killed - when > 1)
+
+    def stored(self, folder):
+        """The ids in the database, by the numbers of their events."""
+        database = sqlite3.connect(os.path.join(folder, "events.sqlite"))
+        assert database.execute("PRAGMA quick_check").fetchall() == [("ok",)]
+        assert database.execute("SELECT * FROM losses").fetchall() == []
+        ids = collections.defaultdict(list)
+        for event_id, parameters in database.execute("SELECT id, parameters FROM events"):
+            ids[json.loads(parameters)["number"]].append(event_id)
+        return ids
+
+    def execute(self, folder):
+        lanes = [threading.Thread(target=self.lane, args=[folder]) for _ in range(AT_A_TIME)]
+        for lane in lanes:
+            lane.start()
+        for lane in lanes:
+            lane.join()
+        self.server.shutdown()
+        with self.server.lock:
+            stored = self.stored(folder)
+            known = {number: self.received.get(number, []) + stored.get(number, [])
+                     for number in {*self.received, *stored}}
+        lost = sorted(number for number in self.safe if not known.get(number))
+        mixed = [number for number, ids in known.items() if len(set(ids)) > 1]
+        twice_stored = [number for number, ids in stored.items() if len(ids) > 1]
+        every_id = [event_id for ids in known.values() for event_id in set(ids)]
+        repeated = sum(len(ids) > 1 for ids in known.values())
+        print(f"{self.kills} kills, {self.logged} events logged, {len(self.safe)} of them a second before the end; {len(self.received)} "
+              f"at the collector, {len(stored)} in the database, {repeated} known twice by their id; lost: {lost}, "
+              f"two ids: {mixed}, stored twice: {twice_stored}")
+        return (self.kills == self.wanted and self.safe and self.received and not lost and not mixed
+                and not twice_stored and len(every_id) == len(set(every_id)))
+
+
+if __name__ == "__main__":
+    wanted = int(sys.argv[2]) if len(sys.argv) > 2 else 200
+    seed = random.randrange(1 << 32)
+    random.seed(seed)
+    print(f"{wanted} kills, seed {seed}", flush=True)
+    with tempfile.TemporaryDirectory() as home:
+        sys.exit(not Run(sys.argv[1], wanted).execute(os.path.join(home, "measurement")))
