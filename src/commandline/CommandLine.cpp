@@ -10,6 +10,7 @@
 #include "library/FileSystem.h"
 #include "platform/foundation/OwnPrograms.h"
 #include "platform/linux/network/NetworkHTTPClient.h"
+#include "platform/linux/network/NetworkServices.h"
 #include "remote/ABTestManager.h"
 
 #include <QCoreApplication>
@@ -26,9 +27,10 @@ using Command = Arguments::Command;
 constexpr int exitWrongUsage = 2;
 
 // The steps of a launch that a command without a window takes too: no fetch, and downloads stay.
-void launch() {
+void launch(const NetworkServices& services) {
     FileSystem::shared().createFolders();
     FileSystem::shared().removeLeftovers();
+    Services::configure(services.backends());
     ABTestManager::shared().registerExperiments();
 }
 
@@ -47,7 +49,8 @@ int convert(const Arguments& arguments) {
 
 int convertOrList(const Arguments& arguments) {
     const LogFile log(arguments.isVerbose ? LogFile::Copy::StandardError : LogFile::Copy::None);
-    launch();
+    const NetworkServices services;
+    launch(services);
     return arguments.command == Command::List ? listConvertedVideos(arguments) : convert(arguments);
 }
 

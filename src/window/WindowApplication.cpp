@@ -28,7 +28,8 @@ bool isBackKey(int key) {
 
 } // namespace
 
-WindowApplication::WindowApplication(LinuxPlatform platform, std::shared_ptr<HTTPClient> webClient)
+WindowApplication::WindowApplication(LinuxPlatform platform, std::shared_ptr<HTTPClient> webClient,
+                                     Services::Backends backends)
     : m_platform(std::move(platform)), m_appearance(&Appearance::of(m_engine)), m_factory(m_engine) {
     m_engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
     m_engine.addImageProvider(QStringLiteral("icon"), new IconProvider);
@@ -37,7 +38,7 @@ WindowApplication::WindowApplication(LinuxPlatform platform, std::shared_ptr<HTT
     auto window = std::make_unique<UIWindow>();
     m_host = std::make_unique<QuickHost>(m_quickWindow, *window, m_factory);
     UIApplication::shared().setKeyWindow(window.get());
-    m_delegate = std::make_unique<AppDelegate>(std::move(window), Services::Backends{});
+    m_delegate = std::make_unique<AppDelegate>(std::move(window), std::move(backends));
     followDesktop();
     followWindow();
 }

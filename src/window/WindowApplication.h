@@ -28,8 +28,9 @@ class WindowApplication : public QObject {
 public:
     static inline const QString id = QStringLiteral("io.reelsmith.Reelsmith");
 
-    /// `webClient`: what downloads.
-    WindowApplication(LinuxPlatform platform, std::shared_ptr<HTTPClient> webClient);
+    /// `webClient`: what downloads; `backends`: what the launch configures the services with.
+    WindowApplication(LinuxPlatform platform, std::shared_ptr<HTTPClient> webClient,
+                      Services::Backends backends = {});
     ~WindowApplication() override;
 
     /// Takes the launch's steps and shows the window; then takes `files` as from another application.

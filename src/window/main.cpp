@@ -4,6 +4,7 @@
 #include "platform/linux/SingleInstance.h"
 #include "platform/linux/multimedia/MultimediaPlayback.h"
 #include "platform/linux/network/NetworkHTTPClient.h"
+#include "platform/linux/network/NetworkServices.h"
 #include "window/WindowApplication.h"
 
 #include <QGuiApplication>
@@ -49,7 +50,9 @@ int run(int argc, char** argv) {
     if (instance.claim(files) == SingleInstance::Role::Forwarded)
         return 0;
     AVPlayer::setPlaybackFactory([] { return std::make_unique<MultimediaPlayback>(); });
-    WindowApplication reelsmith(LinuxPlatform(WindowApplication::id), std::make_shared<NetworkHTTPClient>());
+    const NetworkServices services;
+    WindowApplication reelsmith(LinuxPlatform(WindowApplication::id), std::make_shared<NetworkHTTPClient>(),
+                                services.backends());
     QObject::connect(&instance, &SingleInstance::activated, &reelsmith, &WindowApplication::activate);
     QObject::connect(&instance, &SingleInstance::opened, &reelsmith, &WindowApplication::open);
     reelsmith.launch(files);
