@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/foundation/UserDefaults.h"
+#include "platform/services/LocalInstallations.h"
 
 #include <QCoreApplication>
 #include <QTemporaryDir>
+#include <cstdio>
 #include <gtest/gtest.h>
 
 namespace {
@@ -12,6 +14,12 @@ int increment(const QStringList& arguments) {
     reelsmith::UserDefaults defaults(arguments.at(2));
     for (int i = 0; i < arguments.at(4).toInt(); ++i)
         defaults.incrementIntegerForKey(arguments.at(3));
+    return 0;
+}
+
+// --installation FOLDER
+int printInstallation(const QStringList& arguments) {
+    std::fputs(qPrintable(reelsmith::LocalInstallations(arguments.at(2)).id()), stdout);
     return 0;
 }
 
@@ -25,6 +33,8 @@ int main(int argc, char** argv) {
     QCoreApplication application(argc, argv);
     if (application.arguments().value(1) == QLatin1StringView("--increment"))
         return increment(application.arguments());
+    if (application.arguments().value(1) == QLatin1StringView("--installation"))
+        return printInstallation(application.arguments());
 
     testing::InitGoogleTest(&argc, argv);
     testing::GTEST_FLAG(death_test_style) = "threadsafe";

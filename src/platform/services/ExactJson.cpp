@@ -37,6 +37,10 @@ QJsonDocument ExactJson::parse(const QByteArray& json, QString& error) {
     return document;
 }
 
+bool ExactJson::isString(const QJsonValue& value) {
+    return value.isString() && !value.toString().startsWith(mark);
+}
+
 std::optional<QString> ExactJson::text(const QJsonValue& value) {
     switch (value.type()) {
     case QJsonValue::String: {

@@ -38,7 +38,8 @@ tl::expected<RemoteValues, ServiceError> Ofrep::flags(const QByteArray& body) {
     RemoteValues values;
     for (const QJsonValue& flag : list.toArray()) {
         const QJsonValue key = flag[QLatin1StringView("key")];
-        if (key.isString() && flag[errorCodeKey].isUndefined())
+        const bool isEvaluated = !ExactJson::text(flag[errorCodeKey]);
+        if (ExactJson::isString(key) && isEvaluated)
             values.insert(key.toString(), ExactJson::text(flag[QLatin1StringView("value")]));
     }
     return values;
