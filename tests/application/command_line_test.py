@@ -10,6 +10,7 @@ import json
 import os
 import pathlib
 import pty
+import queue
 import select
 import shutil
 import signal
@@ -21,6 +22,7 @@ import unittest
 import urllib.parse
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "../fakes"))
+import collector  # noqa: E402
 import web_server  # noqa: E402
 
 PROGRAM = None
@@ -224,6 +226,24 @@ class CommandLine(unittest.TestCase):
 
     def test_an_error_page_is_an_invalid_file(self):
         self.assert_invalid(self.address("status", 404))
+
+    def test_what_has_happened_reaches_the_operators_collector(self):
+        """Before one is named all of it waits."""
+        self.run_to_end("convert", SOURCES / "clip.mov", SOURCES / "text.mp4", self.address("cut", 1000, "x.mov"),
+                        self.address("file", SOURCES / "clip.mov", "y.mov"))
+        requests = queue.Queue()
+        server = collector.Collector(requests.put)
+        self.environment["OTEL_EXPORTER_OTLP_ENDPOINT"] = f"http://127.0.0.1:{server.server_port}/200"
+        process = self.start_and_wait_for_progress(SOURCES / "long.mkv")
+        records = list(collector.records(requests.get(timeout=60)))
+        process.send_signal(signal.SIGINT)
+        process.communicate(timeout=120)
+        self.assertEqual([(record["eventName"], "reason" in attributes) for _, record, attributes in records],
+                         [("converted_success", False), ("converted_failure", True), ("download_failure", False),
+                          ("download_success", False), ("converted_success", False)])
+        for resource, _, _ in records:
+            self.assertEqual((resource["service.name"], resource["participating_tests"]), ("reelsmith", "|3|"))
+            self.assertRegex(resource["service.instance.id"], "^[0-9a-f-]{36}$")
 
     def test_a_large_body_is_not_held_in_memory(self):
         self.environment["ASAN_OPTIONS"] = os.environ.get("ASAN_OPTIONS", "") + ":quarantine_size_mb=1"

@@ -4,6 +4,7 @@
 #include "platform/services/LocalInstallations.h"
 #include "platform/services/OfrepRemoteConfig.h"
 #include "platform/services/ServiceConfiguration.h"
+#include "platform/services/measurement/MeasurementEngine.h"
 
 namespace reelsmith {
 
@@ -15,6 +16,12 @@ NetworkServices::NetworkServices() {
         m_backends.remoteConfig =
             std::make_shared<OfrepRemoteConfig>(*configuration.remoteConfig, m_transport, installations);
     }
+    m_backends.analytics = std::make_shared<MeasurementEngine>(
+        StateFile::folder() + QStringLiteral("/measurement"),
+        UploadParts{.endpoint = configuration.measurement,
+                    .transport = m_transport,
+                    .remoteConfig = m_backends.remoteConfig,
+                    .installationId = [installations] { return installations->id(); }});
 }
 
 NetworkServices::~NetworkServices() {

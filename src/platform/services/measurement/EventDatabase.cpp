@@ -21,7 +21,10 @@ public:
     }
 
     void operator()(const UserProperty& property) {
-        m_database.run("INSERT OR REPLACE INTO properties VALUES (?, ?)", property.name, property.value);
+        // A property is set at every start: one that stays as it is costs no write.
+        m_database.run("INSERT INTO properties VALUES (?, ?) ON CONFLICT (name) DO UPDATE "
+                       "SET value = excluded.value WHERE value != excluded.value",
+                       property.name, property.value);
         readProperties();
     }
 

@@ -48,13 +48,20 @@ tl::unexpected<SqliteError> damage(const QString& text) {
     return tl::unexpected(SqliteError{SQLITE_CORRUPT, text});
 }
 
+qint64 version(SqliteConnection& connection) {
+    SqliteStatement row = connection.query("PRAGMA user_version");
+    return row.next() ? row.integer(0) : 0;
+}
+
 tl::expected<void, SqliteError> makeTables(SqliteConnection& connection) {
     return connection.transaction([&connection] {
         for (const char* statement : schema)
             connection.run(statement);
         for (const char* statement : expectations)
             connection.run(statement);
-        connection.run("PRAGMA user_version = 1");
+        // Written once only: each start would wait for the disk.
+        if (version(connection) < schemaVersion)
+            connection.run("PRAGMA user_version = 1");
     });
 }
 
@@ -73,8 +80,7 @@ tl::expected<std::unique_ptr<SqliteConnection>, SqliteError> openWhole(const QSt
     chooseJournal(database);
     SqliteStatement check = database.query("PRAGMA quick_check(1)");
     const QString verdict = check.next() ? check.text(0) : QString();
-    SqliteStatement version = database.query("PRAGMA user_version");
-    const bool isOurs = version.next() && version.integer(0) <= schemaVersion;
+    const bool isOurs = version(database) <= schemaVersion;
     if (database.failure())
         return tl::unexpected(*database.failure());
     if (!isOurs)

@@ -4,6 +4,7 @@
 #include "platform/services/measurement/EventRecorder.h"
 
 #include <algorithm>
+#include <csignal>
 
 namespace reelsmith {
 
@@ -11,10 +12,32 @@ namespace {
 
 constexpr std::chrono::milliseconds patienceWithDatabase = std::chrono::seconds(5);
 
+/// While it lives, threads are made with all signals blocked: what asks the program to end is for the threads
+/// that expect it. Those that tell of a fault stay.
+class SignalsBlocked {
+public:
+    SignalsBlocked() {
+        sigset_t signalSet;
+        sigfillset(&signalSet);
+        for (const int fault : {SIGSEGV, SIGBUS, SIGILL, SIGFPE, SIGABRT})
+            sigdelset(&signalSet, fault);
+        pthread_sigmask(SIG_BLOCK, &signalSet, &m_before);
+    }
+    ~SignalsBlocked() { pthread_sigmask(SIG_SETMASK, &m_before, nullptr); }
+    SignalsBlocked(const SignalsBlocked&) = delete;
+    SignalsBlocked& operator=(const SignalsBlocked&) = delete;
+
+private:
+    sigset_t m_before;
+};
+
 } // namespace
 
-MeasurementEngine::MeasurementEngine(const QString& folder, UploadParts parts)
-    : m_thread([folder, parts = std::move(parts), inbox = m_inbox] { run(folder, parts, inbox); }) {}
+MeasurementEngine::MeasurementEngine(const QString& folder, UploadParts parts) {
+    const SignalsBlocked duringTheStart;
+    m_thread =
+        std::thread([folder, parts = std::move(parts), inbox = m_inbox] { run(folder, parts, inbox); });
+}
 
 MeasurementEngine::~MeasurementEngine() {
     m_inbox->close();
