@@ -2,25 +2,11 @@
 #include "platform/linux/network/NetworkServiceTransport.h"
 
 #include "platform/linux/network/ServiceExchange.h"
+#include "platform/linux/network/ServiceProxies.h"
 
 #include <QNetworkAccessManager>
-#include <QNetworkProxyFactory>
 
 namespace reelsmith {
-
-namespace {
-
-// What goes to this device unprotected must not go through another one on its way.
-class ServiceProxies : public QNetworkProxyFactory {
-public:
-    QList<QNetworkProxy> queryProxy(const QNetworkProxyQuery& query) override {
-        if (query.url().scheme() == QLatin1StringView("http"))
-            return {QNetworkProxy::NoProxy};
-        return systemProxyForQuery(query);
-    }
-};
-
-} // namespace
 
 NetworkServiceTransport::NetworkServiceTransport() {
     m_thread.setObjectName(QStringLiteral("services"));

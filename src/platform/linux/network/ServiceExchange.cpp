@@ -2,6 +2,8 @@
 #include "platform/linux/network/ServiceExchange.h"
 
 #include "platform/linux/network/Answered.h"
+#include "platform/linux/network/HostLookup.h"
+#include "platform/linux/network/ServiceProxies.h"
 
 #include <QNetworkAccessManager>
 #include <utility>
@@ -28,53 +30,57 @@ QNetworkRequest networkRequest(const ServiceRequest& request) {
 
 ServiceExchange::ServiceExchange(QNetworkAccessManager& manager, const ServiceRequest& request,
                                  ServiceTransport::Completion completion)
-    : QObject(&manager),
-      m_maximumAnswerBytes(request.maximumAnswerBytes),
-      m_completion(std::move(completion)) {
-    if (isServiceAddress(request.url))
-        begin(manager, request);
-    else
-        complete(tl::unexpected(ServiceError{QStringLiteral("No service may be at that address")}));
-}
-
-void ServiceExchange::begin(QNetworkAccessManager& manager, const ServiceRequest& request) {
-    m_reply = manager.post(networkRequest(request), request.body);
-    m_reply->setParent(this);
-    m_reply->setReadBufferSize(m_maximumAnswerBytes + 1);
-    connect(m_reply, &QNetworkReply::readyRead, this, &ServiceExchange::collect);
-    connect(m_reply, &QNetworkReply::finished, this, &ServiceExchange::finish);
+    : QObject(&manager), m_manager(manager), m_request(request), m_completion(std::move(completion)) {
+    if (!isServiceAddress(request.url)) {
+        giveUp(QStringLiteral("No service may be at that address"));
+        return;
+    }
     connect(&m_timeLimit, &QTimer::timeout, this,
             [this] { giveUp(QStringLiteral("No answer came in time")); });
     m_timeLimit.setSingleShot(true);
     m_timeLimit.start(request.timeLimit);
+    const auto found = [this](bool isFound) {
+        if (!isFound)
+            giveUp(QStringLiteral("The host was not found"));
+        else if (!m_isOver)
+            send();
+    };
+    new HostLookup(ServiceProxies::nextHost(request.url), found, this);
+}
+
+void ServiceExchange::send() {
+    m_reply = m_manager.post(networkRequest(m_request), m_request.body);
+    m_reply->setParent(this);
+    m_reply->setReadBufferSize(m_request.maximumAnswerBytes + 1);
+    connect(m_reply, &QNetworkReply::readyRead, this, &ServiceExchange::collect);
+    connect(m_reply, &QNetworkReply::finished, this, &ServiceExchange::finish);
 }
 
 void ServiceExchange::collect() {
     m_body += m_reply->readAll();
-    if (m_body.size() > m_maximumAnswerBytes)
+    if (m_body.size() > m_request.maximumAnswerBytes)
         giveUp(QStringLiteral("The answer is too long"));
 }
 
 void ServiceExchange::giveUp(const QString& reason) {
-    if (!m_reasonGivenUp.isEmpty())
+    if (m_isOver)
         return;
-    m_reasonGivenUp = reason;
-    m_reply->abort();
+    complete(tl::unexpected(ServiceError{reason}));
+    if (m_reply != nullptr)
+        m_reply->abort();
 }
 
 void ServiceExchange::finish() {
-    m_timeLimit.stop();
-    if (m_reasonGivenUp.isEmpty() && isAnswered(*m_reply))
+    if (isAnswered(*m_reply))
         collect();
-    if (!m_reasonGivenUp.isEmpty()) {
-        complete(tl::unexpected(ServiceError{m_reasonGivenUp}));
-    } else if (!isAnswered(*m_reply)) {
-        complete(tl::unexpected(ServiceError{m_reply->errorString()}));
-    } else if (!isWhole()) {
-        complete(tl::unexpected(ServiceError{QStringLiteral("The answer broke off")}));
-    } else {
+    if (m_isOver)
+        return;
+    if (!isAnswered(*m_reply))
+        giveUp(m_reply->errorString());
+    else if (!isWhole())
+        giveUp(QStringLiteral("The answer broke off"));
+    else
         complete(ServiceAnswer{status(), m_reply->rawHeaderPairs(), m_body});
-    }
 }
 
 int ServiceExchange::status() const {
@@ -91,6 +97,8 @@ bool ServiceExchange::isWhole() const {
 }
 
 void ServiceExchange::complete(const ServiceResult& result) {
+    m_isOver = true;
+    m_timeLimit.stop();
     deleteLater();
     m_completion(result);
 }

@@ -16,7 +16,7 @@ public:
                     ServiceTransport::Completion completion);
 
 private:
-    void begin(QNetworkAccessManager& manager, const ServiceRequest& request);
+    void send();
     void collect();
     void giveUp(const QString& reason);
     void finish();
@@ -24,12 +24,13 @@ private:
     bool isWhole() const;
     void complete(const ServiceResult& result);
 
-    const qint64 m_maximumAnswerBytes;
+    QNetworkAccessManager& m_manager;
+    const ServiceRequest m_request;
     const ServiceTransport::Completion m_completion;
     QNetworkReply* m_reply = nullptr; // this one's child
     QTimer m_timeLimit;
     QByteArray m_body;
-    QString m_reasonGivenUp;
+    bool m_isOver = false;
 };
 
 } // namespace reelsmith
