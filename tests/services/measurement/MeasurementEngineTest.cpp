@@ -48,6 +48,7 @@ void forbidInternet() {
         seccomp_rule_add(filter, SCMP_ACT_KILL_PROCESS, SCMP_SYS(socket), 1, SCMP_A0(SCMP_CMP_EQ, family));
     if (seccomp_load(filter) != 0)
         std::abort();
+    seccomp_release(filter);
 }
 
 } // namespace

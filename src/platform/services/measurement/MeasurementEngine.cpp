@@ -10,7 +10,7 @@ namespace reelsmith {
 
 namespace {
 
-constexpr std::chrono::milliseconds patienceWithDatabase = std::chrono::seconds(5);
+constexpr std::chrono::milliseconds patienceWithDatabase = std::chrono::minutes(1);
 
 /// While it lives, threads are made with all signals blocked: what asks the program to end is for the threads
 /// that expect it. Those that tell of a fault stay.
