@@ -14,6 +14,8 @@ const QString parts = QStringLiteral("Reelsmith: GNU GPL, version 3 or later\n"
                                      "FFmpeg, with x264: GNU GPL, version 2 or later\n"
                                      "zimg: WTFPL, version 2\n"
                                      "libseccomp: GNU LGPL, version 2.1\n"
+                                     "SQLite: in the public domain\n"
+                                     "zlib: zlib licence\n"
                                      "expected: CC0");
 
 } // namespace
