@@ -89,6 +89,11 @@ void MediaService::stop() {
 void MediaService::serve(Lane& lane) {
     while (const std::shared_ptr<MediaRequest> request = takeNext(lane))
         finish(lane, attempt(lane, *request));
+    {
+        // A worker without work does not end by itself.
+        const std::lock_guard lock(m_mutex);
+        cutOff(lane);
+    }
     dropWorker(lane);
 }
 
