@@ -54,7 +54,7 @@ BottomSheet {
             color: Theme.warn
             size: Theme.smallIcon
         }
-        StyledText {
+        SpokenText {
             id: warning
 
             anchors.left: warningIcon.right
@@ -96,7 +96,7 @@ BottomSheet {
             card.controller.qualityTapped();
         }
     }
-    StyledText {
+    SpokenText {
         width: parent.width
         leftPadding: Theme.hair * 2
         topPadding: Theme.gap8

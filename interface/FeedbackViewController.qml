@@ -28,16 +28,15 @@ Screen {
                 anchors.horizontalCenter: parent.horizontalCenter
                 size: Theme.feedbackIcon
             }
-            StyledText {
+            SpokenText {
                 width: parent.width
                 topPadding: Theme.gap24
                 horizontalAlignment: Text.AlignHCenter
                 text: "How do you like Reelsmith?"
                 textStyle: Theme.title
                 Accessible.role: Accessible.Heading
-                Accessible.name: text
             }
-            StyledText {
+            SpokenText {
                 width: parent.width
                 topPadding: Theme.gap8
                 bottomPadding: Theme.gap32

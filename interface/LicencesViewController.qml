@@ -22,20 +22,16 @@ Screen {
         Keys.onUpPressed: contentY = Math.max(0, contentY - height / 2)
         Keys.onDownPressed: contentY = Math.max(0, Math.min(contentHeight - height, contentY + height / 2))
 
-        StyledText {
+        SpokenText {
             width: parent.width
             text: screen.controller.partsLabel.text
             textStyle: Theme.note
-            Accessible.role: Accessible.StaticText
-            Accessible.name: text
         }
-        StyledText {
+        SpokenText {
             width: parent.width
             text: screen.controller.licenceLabel.text
             textStyle: Theme.smallNote
             color: Theme.inkSoft
-            Accessible.role: Accessible.StaticText
-            Accessible.name: text
         }
     }
 }

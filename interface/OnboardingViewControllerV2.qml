@@ -56,14 +56,11 @@ Screen {
                 textStyle: Theme.introTitle
                 color: Theme.pictureInk
                 Accessible.role: Accessible.Heading
-                Accessible.name: text
             }
             DissolvingText {
                 width: parent.width
                 text: screen.controller.descriptionLabel.text
                 color: Theme.introText
-                Accessible.role: Accessible.StaticText
-                Accessible.name: text
             }
         }
         PageMarks {

@@ -32,7 +32,7 @@ CenterCard {
                 text: card.controller.titleLabel.text
                 textStyle: Theme.heading
             }
-            StyledText {
+            SpokenText {
                 width: parent.width
                 text: card.controller.fileNameLabel.text
                 textStyle: Theme.note

@@ -95,21 +95,21 @@ Screen {
                 anchors.horizontalCenter: parent.horizontalCenter
                 size: Theme.aboutIcon
             }
-            StyledText {
+            SpokenText {
                 width: parent.width
                 topPadding: Theme.gap12
                 horizontalAlignment: Text.AlignHCenter
                 text: "Reelsmith"
                 textStyle: Theme.strong
             }
-            StyledText {
+            SpokenText {
                 width: parent.width
                 horizontalAlignment: Text.AlignHCenter
                 text: screen.controller.versionLabel.text
                 textStyle: Theme.note
                 color: Theme.inkSoft
             }
-            StyledText {
+            SpokenText {
                 width: parent.width
                 horizontalAlignment: Text.AlignHCenter
                 text: "Free software, made with Qt and FFmpeg"

@@ -20,7 +20,7 @@ BottomSheet {
         text: sheet.controller.title
         textStyle: Theme.heading
     }
-    StyledText {
+    SpokenText {
         width: parent.width
         visible: text !== ""
         horizontalAlignment: Text.AlignHCenter
@@ -32,7 +32,6 @@ BottomSheet {
         model: sheet.controller.actions
 
         // qmllint disable unqualified
-        // qmllint disable unqualified
         Button {
             required property var modelData
             required property int index
@@ -42,7 +41,6 @@ BottomSheet {
             kind: modelData.style === "destructive" ? Button.Danger : modelData.style === "cancel" ? Button.Secondary : Button.Tonal
             onClicked: sheet.controller.press(index)
         }
-        // qmllint enable unqualified
         // qmllint enable unqualified
     }
 }

@@ -57,7 +57,7 @@ FocusScope {
             visible: isRunning
             isRunning: !screen.controller.activityIndicatorView.isHidden
         }
-        StyledText {
+        SpokenText {
             anchors.centerIn: parent
             visible: !screen.controller.emptyStateView.isHidden
             text: "No videos here"

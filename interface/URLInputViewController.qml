@@ -33,7 +33,7 @@ CenterCard {
                 text: card.label
                 textStyle: Theme.heading
             }
-            StyledText {
+            SpokenText {
                 width: parent.width
                 text: "Paste a direct link to a video file"
                 textStyle: Theme.note
@@ -54,7 +54,7 @@ CenterCard {
         onTextChanged: card.controller.textField.text = text
         onAccepted: card.controller.downloadTapped()
     }
-    StyledText {
+    SpokenText {
         width: parent.width
         topPadding: Theme.gap8
         text: "AVI, MOV, MP4, MKV or HEVC"

@@ -17,7 +17,7 @@ Screen {
         visible: !screen.controller.stillConvertingView.isHidden
         color: Theme.accentSoft
 
-        StyledText {
+        SpokenText {
             id: stripText
 
             anchors.left: parent.left
@@ -116,14 +116,13 @@ Screen {
             tileColor: Theme.plumSoft
             onClicked: screen.controller.videoURLTapped()
         }
-        StyledText {
+        SpokenText {
             width: parent.width
             topPadding: Theme.gap16
             visible: Theme.isTall && !Theme.showsRows
             text: "What happens next"
             textStyle: Theme.heading
             Accessible.role: Accessible.Heading
-            Accessible.name: text
         }
         Group {
             width: parent.width
@@ -164,7 +163,7 @@ Screen {
                 color: Theme.accent
                 size: Theme.rowIcon
             }
-            StyledText {
+            SpokenText {
                 width: promise.width - x
                 text: "Converted on this device, never uploaded"
                 textStyle: Theme.note

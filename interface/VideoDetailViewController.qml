@@ -30,7 +30,7 @@ Screen {
                 color: Theme.inkSoft
                 size: Theme.smallIcon
             }
-            StyledText {
+            SpokenText {
                 width: screen.width - 2 * parent.x - folderIcon.width - parent.spacing
                 text: screen.controller.folderLabel.text
                 textStyle: Theme.smallNote

@@ -16,7 +16,7 @@ Item {
         anchors.leftMargin: Theme.sideMargin
         anchors.rightMargin: Theme.sideMargin
 
-        StyledText {
+        SpokenText {
             readonly property real free: parent.height - facts.height - 2 * Theme.cardPadding
 
             x: Theme.cardPadding

@@ -31,7 +31,7 @@ Pressable {
     topPadding: Theme.rowPadding
     bottomPadding: Theme.rowPadding
     radius: margin > 0 ? Theme.cardRadius : Theme.fieldRadius
-    Accessible.role: isInformation ? Accessible.StaticText : Accessible.Button
+    Accessible.ignored: isInformation
     Accessible.description: note
 
     contentItem: Item {
@@ -54,15 +54,17 @@ Pressable {
             anchors.rightMargin: endRow.width > 0 ? Theme.gap12 : 0
             anchors.verticalCenter: parent.verticalCenter
 
-            StyledText {
+            SpokenText {
                 width: parent.width
+                Accessible.ignored: !control.isInformation
                 text: control.label
                 textStyle: control.titleStyle
                 color: control.isDestructive ? Theme.danger : Theme.ink
             }
-            StyledText {
+            SpokenText {
                 width: parent.width
                 visible: text !== ""
+                Accessible.ignored: !control.isInformation
                 text: control.note
                 textStyle: Theme.smallNote
                 color: Theme.inkSoft

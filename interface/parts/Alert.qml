@@ -18,7 +18,6 @@ Overlay {
     appearDuration: Theme.alert
     disappearDuration: Theme.alert
     Accessible.role: Accessible.AlertMessage
-    Accessible.description: message
 
     Panel {
         anchors.centerIn: parent
@@ -38,7 +37,7 @@ Overlay {
             text: dialog.title
             textStyle: Theme.heading
         }
-        StyledText {
+        SpokenText {
             width: parent.width
             visible: text !== ""
             horizontalAlignment: Text.AlignHCenter

@@ -2,7 +2,7 @@
 import QtQuick
 
 /// A text that dissolves into the next one.
-StyledText {
+SpokenText {
     id: words
 
     Behavior on text {

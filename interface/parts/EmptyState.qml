@@ -30,20 +30,19 @@ Column {
         width: 1
         height: Theme.gap12
     }
-    StyledText {
+    SpokenText {
         x: Theme.gap32
         width: parent.width - 2 * x
         horizontalAlignment: Text.AlignHCenter
         text: state.title
         textStyle: Theme.title
         Accessible.role: Accessible.Heading
-        Accessible.name: text
     }
     Item {
         width: 1
         height: Theme.gap8
     }
-    StyledText {
+    SpokenText {
         x: Theme.gap48
         width: parent.width - 2 * x
         horizontalAlignment: Text.AlignHCenter

@@ -6,13 +6,13 @@ Column {
     property string caption
     property string value
 
-    StyledText {
+    SpokenText {
         width: parent.width
         text: parent.caption
         textStyle: Theme.caption
         color: Theme.inkSoft
     }
-    StyledText {
+    SpokenText {
         width: parent.width
         text: parent.value
         textStyle: Theme.value

@@ -13,6 +13,7 @@ Pressable {
     padding: Theme.heroArtInset
     radius: Theme.heroRadius
     shrinks: true
+    Accessible.description: note
 
     background: App.Artwork {
         name: "convert-hero"

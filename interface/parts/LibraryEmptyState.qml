@@ -13,6 +13,9 @@ EmptyState {
         size: Theme.rowIcon
     }
     Row {
+        Accessible.role: Accessible.StaticText
+        Accessible.name: "Start with Convert to MP4"
+
         StyledText {
             text: "Start with "
             color: Theme.inkSoft

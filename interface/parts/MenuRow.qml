@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
+import QtQuick.Templates as T
 
 /// A row of a menu: `label`, and its icon (`iconName`) at the end. The arrow keys go on to the next or previous one.
-Pressable {
+T.MenuItem {
     id: control
 
+    property string label
     property string iconName
     property bool isDestructive: false
     property bool hasLine: false
@@ -16,8 +18,12 @@ Pressable {
     rightPadding: Theme.gap16
     topPadding: Theme.gap12
     bottomPadding: Theme.gap12
-    radius: Theme.cardRadius
-    Accessible.role: Accessible.MenuItem
+    focusPolicy: Qt.TabFocus
+    hoverEnabled: true
+    Accessible.name: label
+    Accessible.onPressAction: if (control.enabled) control.clicked()
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
     Keys.onDownPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
     Keys.onUpPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
 
@@ -49,5 +55,10 @@ Pressable {
         height: Theme.hair
         color: Theme.line
         visible: control.hasLine
+    }
+    PressMarks {
+        anchors.fill: parent
+        control: control
+        radius: Theme.cardRadius
     }
 }

@@ -27,7 +27,7 @@ Bar {
         onClicked: bar.back()
     }
 
-    StyledText {
+    SpokenText {
         id: name
 
         anchors.left: bar.hasBack ? backButton.right : parent.left
@@ -36,7 +36,6 @@ Bar {
         anchors.rightMargin: Theme.gap12
         anchors.verticalCenter: parent.verticalCenter
         Accessible.role: Accessible.Heading
-        Accessible.name: text
         text: bar.title
         textStyle: bar.hasBack ? Theme.barName : Theme.title
         wrapMode: Text.NoWrap

@@ -2,7 +2,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// Anything to press, by finger, mouse, Space or Return: `clicked`, from 44 points on. `label` is what it is called
+/// A button of any look, by finger, mouse, Space or Return: `clicked`, from 44 points on. `label` is what it is called
 /// for those who hear it, `radius` its shape, `isEnabled` whether it answers. It shows a press (`veils`, and `shrinks`
 /// too) and where the keyboard is, on its `face` where less is drawn than can be pressed.
 T.AbstractButton {
@@ -23,7 +23,6 @@ T.AbstractButton {
     focusPolicy: Qt.TabFocus
     hoverEnabled: true
     scale: shrinks && pressed && !Theme.reducesMotion ? Theme.pressedScale : 1
-    Accessible.role: Accessible.Button
     Accessible.name: label
     Keys.onReturnPressed: clicked()
     Keys.onEnterPressed: clicked()
@@ -34,18 +33,11 @@ T.AbstractButton {
         }
     }
 
-    Rectangle {
+    PressMarks {
         anchors.fill: control.face
-        z: 1
+        control: control
         radius: control.radius
-        color: control.pressed ? Theme.pressedVeil : Theme.hoverVeil
-        visible: control.veils && (control.pressed || control.hovered)
-    }
-
-    FocusRing {
-        anchors.fill: control.face
-        inner: control.radius
         ring: control.ring
-        visible: control.visualFocus
+        veils: control.veils
     }
 }

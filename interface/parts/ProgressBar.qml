@@ -14,6 +14,7 @@ T.ProgressBar {
     implicitWidth: Theme.alertWidth
     implicitHeight: Theme.progressHeight
     Accessible.name: label
+    Accessible.description: indeterminate ? "" : Math.round(value * 100) + "%"
 
     background: Rectangle {
         radius: height / 2

@@ -2,11 +2,10 @@
 import QtQuick
 
 /// What the rows below it are about.
-StyledText {
+SpokenText {
     leftPadding: Theme.gap4
     bottomPadding: Theme.gap8
     textStyle: Theme.sectionTitle
     color: Theme.inkSoft
     Accessible.role: Accessible.Heading
-    Accessible.name: text
 }

@@ -59,26 +59,22 @@ FocusScope {
             model: control.segments
 
             // qmllint disable unqualified
-            Pressable {
+            Choice {
                 id: segment
 
                 required property var modelData
                 required property int index
 
-                readonly property bool isChosen: index === control.currentIndex
-
                 width: control.segmentWidth
                 height: control.height - 2 * Theme.segmentsInset
-                focusPolicy: Qt.NoFocus
                 leftPadding: Theme.gap4
                 rightPadding: Theme.gap4
                 radius: Theme.segmentRadius
+                isChosen: index === control.currentIndex
+                hasKeyboard: isChosen && control.activeFocus
                 veils: !isChosen
                 label: modelData.title
-                Accessible.role: Accessible.RadioButton
                 Accessible.description: modelData.note
-                Accessible.checkable: true
-                Accessible.checked: isChosen
                 onClicked: control.activated(index)
 
                 contentItem: Item {

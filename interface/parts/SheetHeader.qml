@@ -31,14 +31,14 @@ Item {
         anchors.right: close.left
         y: Math.max(0, (picture.height - height) / 2)
 
-        StyledText {
+        SpokenText {
             width: parent.width
             text: header.title
             textStyle: Theme.strong
             maximumLineCount: 2
             elide: Text.ElideRight
         }
-        StyledText {
+        SpokenText {
             width: parent.width
             topPadding: Theme.gap4
             visible: header.note !== ""

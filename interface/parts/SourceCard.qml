@@ -15,6 +15,7 @@ Pressable {
     padding: Theme.cardPadding
     radius: Theme.cardRadius
     shrinks: true
+    Accessible.description: note
 
     background: Card {}
     contentItem: Item {

@@ -18,6 +18,7 @@ Pressable {
     bottomPadding: Theme.gap12
     radius: Theme.cardRadius
     shrinks: true
+    Accessible.description: note
 
     background: Card {
         color: control.isHero ? Theme.hero : Theme.surface

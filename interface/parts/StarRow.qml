@@ -31,19 +31,15 @@ FocusScope {
             model: control.count
 
             // qmllint disable unqualified
-            Pressable {
+            Choice {
                 required property int index
-
-                readonly property bool isChosen: index < control.value
 
                 width: Theme.starTarget
                 height: Theme.starTarget
-                focusPolicy: Qt.NoFocus
                 radius: Theme.starTarget / 2
                 label: index === 0 ? "1 star" : (index + 1) + " stars"
-                Accessible.role: Accessible.RadioButton
-                Accessible.checkable: true
-                Accessible.checked: index + 1 === control.value
+                isChosen: index + 1 === control.value
+                hasKeyboard: isChosen && control.activeFocus
                 onClicked: control.activated(index + 1)
 
                 contentItem: Item {
@@ -58,7 +54,7 @@ FocusScope {
                         name: "starSelected"
                         color: Theme.star
                         size: Theme.starSize
-                        opacity: isChosen ? 1 : 0
+                        opacity: index < control.value ? 1 : 0
 
                         Behavior on opacity {
                             NumberAnimation {

@@ -53,7 +53,7 @@ Item {
             text: row.label
             textStyle: Theme.rowTitle
         }
-        StyledText {
+        SpokenText {
             width: parent.width
             text: row.note
             textStyle: Theme.note

@@ -1,21 +1,28 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
+import QtQuick.Templates as T
 
 /// One tab of the bar: `iconName` over `label`; `isSelected` colours both.
-Pressable {
+T.TabButton {
     id: control
 
+    property string label
     property string iconName
     property bool isSelected: false
 
+    implicitWidth: Theme.target
     implicitHeight: Math.max(Theme.tabBarHeight, contentColumn.implicitHeight + 2 * Theme.gap8)
-    radius: Theme.fieldRadius
+    focusPolicy: Qt.TabFocus
+    hoverEnabled: true
+    checkable: false // the bar decides
     leftPadding: Theme.hair * 2
     rightPadding: Theme.hair * 2
-    veils: false
-    Accessible.role: Accessible.PageTab
+    Accessible.name: label
     Accessible.selectable: true
     Accessible.selected: isSelected
+    Accessible.onPressAction: if (control.enabled) control.clicked()
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
 
     contentItem: Item {
         Column {
@@ -58,5 +65,12 @@ Pressable {
                 minimumPixelSize: Theme.smallestTab
             }
         }
+    }
+
+    PressMarks {
+        anchors.fill: parent
+        control: control
+        radius: Theme.fieldRadius
+        veils: false
     }
 }

@@ -16,7 +16,7 @@ CollectionView {
         model: area.table.headers
 
         // qmllint disable unqualified
-        delegate: StyledText {
+        delegate: SpokenText {
             required property var modelData
 
             x: Theme.sideMargin + Theme.gap4
@@ -29,7 +29,6 @@ CollectionView {
             textStyle: Theme.tableHeader
             color: Theme.inkSoft
             Accessible.role: Accessible.Heading
-            Accessible.name: text
         }
         // qmllint enable unqualified
     }

@@ -2,7 +2,7 @@
 import QtQuick
 
 /// How many videos there are, and in what `order`; nothing where there are none.
-StyledText {
+SpokenText {
     required property int count
     property string order
 

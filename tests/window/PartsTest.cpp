@@ -4,6 +4,7 @@
 #include "platform/uikit/KeyboardManager.h"
 #include "window/PictureItem.h"
 
+#include <QAccessible>
 #include <gtest/gtest.h>
 
 namespace reelsmith {
@@ -48,6 +49,41 @@ TEST(Pressable, IsAtLeastAFingertipHighAndWide) {
         EXPECT_GE(stage.item(name).width(), 44) << name;
         EXPECT_GE(stage.item(name).height(), 44) << name;
     }
+}
+
+/// What a screen reader hears of an item and of all in it, in order: each one's role, and whether it is
+/// chosen.
+QList<std::pair<int, bool>> heard(QAccessibleInterface& item) {
+    QList<std::pair<int, bool>> all = {{item.role(), item.state().checked || item.state().selected}};
+    for (int i = 0; i < item.childCount(); ++i) {
+        if (!item.child(i)->state().invisible)
+            all += heard(*item.child(i));
+    }
+    return all;
+}
+
+TEST(Parts, AreHeardAsWhatTheyAre) {
+    const struct {
+        QByteArray qml;
+        QList<std::pair<int, bool>> heard;
+    } cases[] = {
+        {"TabButton { isSelected: true }", {{QAccessible::PageTab, true}}},
+        {"MenuRow {}", {{QAccessible::MenuItem, false}}},
+        {"Switch { checked: true }", {{QAccessible::CheckBox, true}}},
+        {"ProgressBar {}", {{QAccessible::ProgressBar, false}}},
+        {"ActionRow { label: 'a'; isInformation: true }", {{QAccessible::StaticText, false}}},
+        {"Segments { segments: [{title: 'a', note: ''}, {title: 'b', note: ''}] }",
+         {{QAccessible::Grouping, false},
+          {QAccessible::RadioButton, true},
+          {QAccessible::RadioButton, false}}},
+    };
+    QAccessible::setActive(true);
+    for (const auto& [qml, expected] : cases) {
+        Stage stage("Item { " + qml + " }");
+        QAccessibleInterface& window = *QAccessible::queryAccessibleInterface(&stage.window());
+        EXPECT_EQ(heard(window).mid(1), expected) << qml.constData();
+    }
+    QAccessible::setActive(false);
 }
 
 TEST(Choices, FollowTheArrowKeysUpToTheirEnds) {
