@@ -17,6 +17,7 @@ QtObject {
     readonly property bool showsRows: isCompact || isLargeText
     readonly property real columnWidth: App.Appearance.columnWidth
     readonly property real windowHeight: App.Appearance.windowHeight
+    readonly property bool isTurned: App.Appearance.isTurned
     readonly property bool isWide: App.Appearance.windowWidth > columnWidth
 
     // Colours.
@@ -67,6 +68,10 @@ QtObject {
     readonly property color pictureButton: "#FFFFFF"
     readonly property color pictureButtonInk: "#1C1B18"
     readonly property color pageMarkRest: Qt.rgba(1, 1, 1, 0.5)
+    readonly property color playerButton: Qt.rgba(0, 0, 0, 0.62)
+    readonly property color playerScrim: Qt.rgba(0, 0, 0, 0.6)
+    readonly property color playerTrack: Qt.rgba(1, 1, 1, 0.3)
+    readonly property color playerNote: Qt.rgba(1, 1, 1, 0.7)
     readonly property color scrimMiddle: Qt.rgba(0, 0, 0, 0.66)
     readonly property color scrimEnd: Qt.rgba(0, 0, 0, 0.74)
 
@@ -192,6 +197,15 @@ QtObject {
     readonly property int listTop: 50
     readonly property int gridTop: 32
     readonly property int playButton: 64
+    readonly property int playerButtonSize: 72
+    readonly property int playerMark: 36
+    readonly property int playerScrimHeight: 96
+    readonly property int playerMargin: 10
+    readonly property int playerBottom: 30
+    readonly property int playerBottomLow: 8
+    readonly property int seekTrack: 4
+    readonly property int seekKnob: 16
+    readonly property int seekStep: 5
     readonly property int starSize: 40
     readonly property int starTarget: 56
     readonly property int emptyArtWidth: 210

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/services/Services.h"
+#include "platform/uikit/RotationRestricting.h"
 #include "platform/uikit/UIApplicationDelegate.h"
 #include "platform/uikit/UIWindow.h"
 #include "settings/OnboardingDelegate.h"
@@ -13,7 +14,10 @@
 namespace reelsmith {
 
 /// The application's entry: what happens at launch, and with files from other applications. Main thread.
-class AppDelegate : public QObject, public UIApplicationDelegate, public OnboardingDelegate {
+class AppDelegate : public QObject,
+                    public UIApplicationDelegate,
+                    public RotationRestricting,
+                    public OnboardingDelegate {
     Q_OBJECT
 
 public:
@@ -24,7 +28,7 @@ public:
     UIWindow* window() const { return m_window.get(); }
 
     bool restrictRotation() const { return m_restrictRotation; }
-    void setRestrictRotation(bool restricts) { m_restrictRotation = restricts; }
+    void setRestrictRotation(bool restricts) override { m_restrictRotation = restricts; }
     const QString& memento() const { return m_memento; }
 
     bool didFinishLaunchingWithOptions() override;

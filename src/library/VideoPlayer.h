@@ -12,8 +12,7 @@ class VideoPlayer {
 public:
     VideoPlayer() = delete;
 
-    /// Shows the file `url` to the user of `screen`. There is no player screen yet: the desktop's own player
-    /// opens the file, to be replaced.
+    /// Presents the player with the file `url` from `screen`; the user starts it there.
     static void play(const QUrl& url, UIViewController& screen);
 };
 

@@ -18,6 +18,7 @@ class Appearance : public QObject {
     Q_PROPERTY(bool isDark READ isDark NOTIFY changed)
     Q_PROPERTY(qreal textScale READ textScale NOTIFY changed)
     Q_PROPERTY(bool reducesMotion READ reducesMotion NOTIFY changed)
+    Q_PROPERTY(bool isTurned READ isTurned NOTIFY changed)
     Q_PROPERTY(qreal durationsScale READ durationsScale NOTIFY changed)
     Q_PROPERTY(qreal windowWidth READ windowWidth NOTIFY changed)
     Q_PROPERTY(qreal windowHeight READ windowHeight NOTIFY changed)
@@ -40,6 +41,10 @@ public:
 
     bool reducesMotion() const { return m_reducesMotion; }
     void setReducesMotion(bool reduces) { assign(m_reducesMotion, reduces); }
+
+    /// Whether screens that may lie on their side do so now.
+    bool isTurned() const { return m_isTurned; }
+    void setTurned(bool turned) { assign(m_isTurned, turned); }
 
     /// What every duration is multiplied by; 0 lets everything happen at once.
     qreal durationsScale() const { return m_durationsScale; }
@@ -71,6 +76,7 @@ private:
 
     bool m_isDark = false;
     bool m_reducesMotion = false;
+    bool m_isTurned = false;
     qreal m_textScale = 1;
     qreal m_durationsScale = 1;
     QSizeF m_windowSize{390, 844};

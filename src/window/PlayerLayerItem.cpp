@@ -2,14 +2,40 @@
 #include "window/PlayerLayerItem.h"
 
 #include "platform/foundation/DispatchQueue.h"
+#include "window/FramePicture.h"
 
 #include <QPainter>
 #include <QVideoFrame>
 #include <QVideoSink>
+#include <mutex>
+#include <utility>
 
 namespace reelsmith {
 
-PlayerLayerItem::PlayerLayerItem(QQuickItem* parent) : QQuickPaintedItem(parent) {
+/// The way from the player's thread to this one: what comes too fast is passed over, so that pictures do not
+/// pile up.
+class PlayerLayerItem::NewestPicture {
+public:
+    /// Answers whether somebody must take it.
+    bool put(QImage picture) {
+        const std::lock_guard lock(m_mutex);
+        m_picture = std::move(picture);
+        return !std::exchange(m_isWaiting, true);
+    }
+    QImage take() {
+        const std::lock_guard lock(m_mutex);
+        m_isWaiting = false;
+        return std::exchange(m_picture, {});
+    }
+
+private:
+    std::mutex m_mutex;
+    QImage m_picture;
+    bool m_isWaiting = false;
+};
+
+PlayerLayerItem::PlayerLayerItem(QQuickItem* parent)
+    : QQuickPaintedItem(parent), m_newest(std::make_shared<NewestPicture>()) {
     setOpaquePainting(true);
 }
 
@@ -26,12 +52,12 @@ void PlayerLayerItem::setPlayerLayer(AVPlayerLayer* layer) {
 
 // On the player's own thread, since the way from a frame to a picture is long.
 void PlayerLayerItem::follow(QVideoSink& sink) {
-    const auto take = [self = QPointer(this)](const QVideoFrame& frame) {
-        if (!frame.isValid())
+    const auto take = [self = QPointer(this), newest = m_newest](const QVideoFrame& frame) {
+        if (!frame.isValid() || !newest->put(framePicture(frame)))
             return;
-        DispatchQueue::main().async([self, picture = frame.toImage()] {
+        DispatchQueue::main().async([self, newest] {
             if (self)
-                self->show(picture);
+                self->show(newest->take());
         });
     };
     connect(&sink, &QVideoSink::videoFrameChanged, this, take, Qt::DirectConnection);

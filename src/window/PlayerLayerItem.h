@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QQuickPaintedItem>
 #include <QtQml/qqmlregistration.h>
+#include <memory>
 
 class QVideoSink;
 
@@ -31,10 +32,13 @@ signals:
     void playerLayerChanged();
 
 private:
+    class NewestPicture;
+
     void follow(QVideoSink& sink);
     void show(const QImage& picture);
 
     QPointer<AVPlayerLayer> m_layer;
+    std::shared_ptr<NewestPicture> m_newest;
     QImage m_picture;
 };
 

@@ -4,6 +4,7 @@
 #include "platform/foundation/OngoingWork.h"
 #include "platform/uikit/UIAlertController.h"
 #include "platform/uikit/UIApplication.h"
+#include "platform/uikit/UIDevice.h"
 #include "platform/uikit/UIImpactFeedbackGenerator.h"
 #include "platform/uikit/UIScreen.h"
 #include "window/Appearance.h"
@@ -39,6 +40,7 @@ WindowApplication::WindowApplication(LinuxPlatform platform, std::shared_ptr<HTT
     m_host = std::make_unique<QuickHost>(m_quickWindow, *window, m_factory);
     UIApplication::shared().setKeyWindow(window.get());
     m_delegate = std::make_unique<AppDelegate>(std::move(window), std::move(backends));
+    UIApplication::shared().setDelegate(m_delegate.get());
     followDesktop();
     followWindow();
 }
@@ -86,6 +88,11 @@ void WindowApplication::followWindow() {
     tellSize();
     connect(&m_quickWindow, &QWindow::activeChanged, this,
             [this] { UIApplication::shared().setActive(m_quickWindow.isActive()); });
+    connect(&UIDevice::current(), &UIDevice::orientationChanged, this, [this] {
+        m_appearance->setTurned(UIDevice::current().isLandscape() &&
+                                m_delegate->supportedInterfaceOrientations() ==
+                                    UIInterfaceOrientationMask::All);
+    });
 }
 
 void WindowApplication::launch(const QList<QUrl>& files) {

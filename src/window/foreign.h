@@ -12,6 +12,7 @@
 #include "library/VideoInfoCell.h"
 #include "library/VideoTableViewCell.h"
 #include "library/VideosViewController.h"
+#include "platform/screens/AVPlayerViewController.h"
 #include "platform/screens/MFMailComposeViewController.h"
 #include "platform/screens/UIActivityViewController.h"
 #include "platform/screens/UIDocumentPickerCell.h"
@@ -27,6 +28,7 @@
 #include "platform/uikit/ProgressView.h"
 #include "platform/uikit/ReusableCell.h"
 #include "platform/uikit/SegmentedControl.h"
+#include "platform/uikit/Slider.h"
 #include "platform/uikit/Switch.h"
 #include "platform/uikit/TextField.h"
 #include "platform/uikit/UIAlertController.h"
@@ -175,6 +177,13 @@ struct SegmentedControlForeign {
     QML_UNCREATABLE("A controller's outlet")
 };
 
+struct SliderForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::Slider)
+    QML_NAMED_ELEMENT(Slider)
+    QML_UNCREATABLE("A controller's outlet")
+};
+
 struct SwitchForeign {
     Q_GADGET
     QML_FOREIGN(reelsmith::Switch)
@@ -264,6 +273,13 @@ struct AVPlayerLayerForeign {
     QML_FOREIGN(reelsmith::AVPlayerLayer)
     QML_NAMED_ELEMENT(AVPlayerLayer)
     QML_UNCREATABLE("A controller's outlet")
+};
+
+struct AVPlayerViewControllerForeign {
+    Q_GADGET
+    QML_FOREIGN(reelsmith::AVPlayerViewController)
+    QML_NAMED_ELEMENT(AVPlayerViewController)
+    QML_UNCREATABLE("Comes with its screen")
 };
 
 struct OnboardingViewControllerV2Foreign {

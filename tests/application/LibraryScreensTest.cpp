@@ -6,6 +6,7 @@
 #include "fakes/ScriptedHTTPClient.h"
 #include "library/ConvertedVideoCollectionViewCell.h"
 #include "library/ConvertedVideosViewController.h"
+#include "library/CustomPlayerVC.h"
 #include "library/LibraryReview.h"
 #include "library/VideoCollectionViewCell.h"
 #include "library/VideoDetailViewController.h"
@@ -157,6 +158,9 @@ TEST_F(LibraryScreens, TheOptionsSheetLogsAndDeletesAndTheListForgets) {
         ASSERT_NE(sheet, nullptr);
         EXPECT_EQ(sheet->titleLabel()->text(), u"a.mp4"_s);
         sheet->playTapped();
+        ASSERT_NE(front<CustomPlayerVC>(), nullptr);
+        m_delegate.window()->goBack();
+        ASSERT_EQ(front<VideoOptionsViewController>(), sheet);
         sheet->shareTapped();
         ASSERT_NE(front<UIActivityViewController>(), nullptr);
         m_delegate.window()->goBack();

@@ -6,8 +6,10 @@
 #include "conversion/VideoConversionViewController.h"
 #include "library/ConvertedVideosViewController.h"
 #include "library/FileSystem.h"
+#include "library/VideoPlayer.h"
 #include "library/VideosViewController.h"
 #include "platform/foundation/URLs.h"
+#include "platform/screens/AVPlayerViewController.h"
 #include "platform/screens/UIActivityViewController.h"
 #include "platform/screens/VideoCollection.h"
 #include "platform/uikit/UIAlertController.h"
@@ -18,6 +20,7 @@
 #include "window/WindowApplication.h"
 
 #include <QTimer>
+#include <fstream>
 
 namespace reelsmith {
 
@@ -143,6 +146,31 @@ void showDetail(WindowApplication& application) {
     whenShown(*showGrid(application).collectionView(), [](ReusableCell& cell) { cell.tap(); });
 }
 
+/// The player with one of the made-up videos, or one that is none, once it is up.
+void showPlayer(WindowApplication& application, const QUrl& video,
+                const std::function<void(AVPlayerViewController&)>& act) {
+    VideoPlayer::play(video, tabs(application));
+    PresentationList& list = application.delegate().window()->presentations();
+    QObject::connect(
+        &list, &PresentationList::changed, &list,
+        [&application, act] {
+            act(*qobject_cast<AVPlayerViewController*>(application.delegate().window()->frontmost()));
+        },
+        Qt::SingleShotConnection);
+}
+
+void seekInPlayer(AVPlayerViewController& player) {
+    constexpr qreal someSeconds = 15;
+    player.positionMoved(someSeconds);
+}
+
+void showBrokenVideo(WindowApplication& application) {
+    fillLibrary();
+    const std::filesystem::path broken = filePath(FileSystem::shared().outputsFolder()) / "Broken.mp4";
+    std::ofstream(broken) << "no film";
+    showPlayer(application, fileUrl(broken.string()), [](AVPlayerViewController&) {});
+}
+
 void confirmDeletion(WindowApplication& application) {
     UINavigationController& stack = libraryStack(application);
     showDetail(application);
@@ -176,6 +204,12 @@ QMap<QString, std::function<void(WindowApplication&)>> scenes() {
         {QStringLiteral("options-sheet"), showOptions},
         {QStringLiteral("detail"), showDetail},
         {QStringLiteral("delete-confirm"), confirmDeletion},
+        {QStringLiteral("player"), [](WindowApplication& a) { showPlayer(a, someVideo(), seekInPlayer); }},
+        {QStringLiteral("player-playing"),
+         [](WindowApplication& a) {
+             showPlayer(a, someVideo(), [](AVPlayerViewController& player) { player.playPauseTapped(); });
+         }},
+        {QStringLiteral("player-error"), showBrokenVideo},
         {QStringLiteral("settings"), [](WindowApplication& a) { tabs(a).setSelectedIndex(2); }},
         {QStringLiteral("feedback"), showFeedback},
         {QStringLiteral("onboarding-0"), [](WindowApplication& a) { showOnboarding(a, 0); }},

@@ -4,8 +4,11 @@
 #include "conversion/ProgressViewController.h"
 #include "conversion/VideoConversionViewController.h"
 #include "fakes/ScriptedMailDrafts.h"
+#include "fakes/ScriptedPlayback.h"
 #include "library/ConvertedVideosViewController.h"
+#include "library/VideoPlayer.h"
 #include "library/VideosViewController.h"
+#include "platform/screens/AVPlayerViewController.h"
 #include "platform/screens/MFMailComposeViewController.h"
 #include "platform/screens/PlatformServices.h"
 #include "platform/screens/UIActivityViewController.h"
@@ -58,6 +61,13 @@ void libraryDetail(TestApplication& application) {
     EXPECT_TRUE(runLoopUntil([grid] { return grid->collectionView()->cell(0) != nullptr; }));
     grid->collectionView()->cell(0)->tap();
     EXPECT_TRUE(runLoopUntil([&stack] { return !stack.isToolbarHidden(); }));
+}
+
+void playing(TestApplication& application) {
+    AVPlayer::setPlaybackFactory([] { return std::make_unique<ScriptedPlayback>(); });
+    VideoPlayer::play(QUrl("file:///" + longName + ".mp4"), application.root());
+    AVPlayer::setPlaybackFactory([] { return std::make_unique<VideoPlayback>(); });
+    application.await<AVPlayerViewController>()->playPauseTapped();
 }
 
 void photoLibrary(TestApplication& application) {
@@ -183,6 +193,7 @@ const std::vector<Situation>& situations() {
         {"library grid", libraryGrid},
         {"options of a video", libraryOptions},
         {"details of a video", libraryDetail},
+        {"playing", playing},
         {"settings", [](TestApplication& application) { application.tap("tab2"); }},
         {"licences", licences},
         {"writing a mail", writingAMail},

@@ -3,9 +3,9 @@
 
 #include "platform/avfoundation/VideoPlayback.h"
 
+#include <QObject>
 #include <functional>
 #include <memory>
-#include <utility>
 
 namespace reelsmith {
 
@@ -15,29 +15,43 @@ struct AVPlayerItem {
 };
 
 /// Plays one video at a time, seen where an AVPlayerLayer shows it. Main thread.
-class AVPlayer {
+class AVPlayer : public QObject {
+    Q_OBJECT
+
 public:
     using PlaybackFactory = std::function<std::unique_ptr<VideoPlayback>()>;
 
     /// What players made from now on play with; they play nothing before.
-    static void setPlaybackFactory(PlaybackFactory factory) { playbackFactory() = std::move(factory); }
+    static void setPlaybackFactory(PlaybackFactory factory);
 
-    AVPlayer() : m_playback(playbackFactory()()) {}
+    AVPlayer();
+    explicit AVPlayer(const QUrl& url);
+    ~AVPlayer() override;
 
-    void replaceCurrentItem(const AVPlayerItem& item) { m_playback->setSource(item.url); }
-    void seek(const CMTime& time) { m_playback->seek(time); }
+    const AVPlayerItem& currentItem() const { return m_item; }
+    void replaceCurrentItem(const AVPlayerItem& item);
+
+    // As VideoPlayback says.
+    void seek(const CMTime& time);
     void play() { m_playback->play(); }
+    void pause() { m_playback->pause(); }
+    void setMuted(bool isMuted) { m_playback->setMuted(isMuted); }
+    const PlaybackState& state() const { return m_playback->state(); }
 
     /// For the layer that shows the player; see VideoPlayback::output().
     QObject* output() const { return m_playback->output(); }
 
+signals:
+    /// The state is another.
+    void changed();
+    /// Somebody has sought.
+    void sought();
+
 private:
-    static PlaybackFactory& playbackFactory() {
-        static PlaybackFactory factory = [] { return std::make_unique<VideoPlayback>(); };
-        return factory;
-    }
+    static PlaybackFactory& playbackFactory();
 
     std::unique_ptr<VideoPlayback> m_playback;
+    AVPlayerItem m_item;
 };
 
 } // namespace reelsmith

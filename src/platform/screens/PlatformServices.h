@@ -4,6 +4,7 @@
 #include "platform/screens/DocumentChooser.h"
 #include "platform/screens/FileSharing.h"
 #include "platform/screens/MailDrafts.h"
+#include "platform/screens/NowPlaying.h"
 #include "platform/screens/StorePage.h"
 
 #include <memory>
@@ -16,6 +17,7 @@ struct PlatformServices {
     std::unique_ptr<DocumentChooser> documentChooser = std::make_unique<DocumentChooser>();
     std::unique_ptr<FileSharing> fileSharing = std::make_unique<FileSharing>();
     std::unique_ptr<MailDrafts> mailDrafts = std::make_unique<MailDrafts>();
+    std::unique_ptr<NowPlaying> nowPlaying = std::make_unique<NowPlaying>();
     std::unique_ptr<StorePage> storePage = std::make_unique<StorePage>();
 
     /// Those of this process.

@@ -43,6 +43,15 @@ void UIApplication::setIdleTimerDisabled(bool isDisabled) {
     updateIdleInhibitor();
 }
 
+void UIApplication::setVideoPlaying(bool isPlaying) {
+    m_isVideoPlaying = isPlaying;
+    updateIdleInhibitor();
+}
+
+void UIApplication::updateIdleInhibitor() {
+    m_idleInhibitor.setHeld(m_isVideoPlaying || (m_isIdleTimerDisabled && m_isActive));
+}
+
 void UIApplication::setActive(bool isActive) {
     m_isActive = isActive;
     updateIdleInhibitor();

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/foundation/WeakDelegate.h"
 #include "platform/uikit/HeldInhibitor.h"
 #include "platform/uikit/LinkOpener.h"
+#include "platform/uikit/UIApplicationDelegate.h"
 
 #include <QObject>
 #include <QPointer>
@@ -29,6 +31,10 @@ public:
 
     static UIApplication& shared();
 
+    /// Null before there is one and once it is gone.
+    UIApplicationDelegate* delegate() const { return m_delegate.get(); }
+    void setDelegate(const WeakDelegate<UIApplicationDelegate>& delegate) { m_delegate = delegate; }
+
     /// The window that the user works in; null before there is one and once it is gone.
     UIWindow* keyWindow() const;
     void setKeyWindow(UIWindow* window);
@@ -44,6 +50,9 @@ public:
     /// While it is disabled and the application is active, the screen neither dims nor locks by itself.
     bool isIdleTimerDisabled() const { return m_isIdleTimerDisabled; }
     void setIdleTimerDisabled(bool isDisabled);
+
+    /// While a video plays the same holds wherever the user is.
+    void setVideoPlaying(bool isPlaying);
 
     /// Whether the user is at the application's window; the window says so.
     void setActive(bool isActive);
@@ -69,8 +78,9 @@ private:
     void watchWork();
     void expire(UIBackgroundTaskIdentifier identifier);
     void expireAll();
-    void updateIdleInhibitor() { m_idleInhibitor.setHeld(m_isIdleTimerDisabled && m_isActive); }
+    void updateIdleInhibitor();
 
+    WeakDelegate<UIApplicationDelegate> m_delegate;
     QPointer<UIWindow> m_keyWindow;
     const TaskLimits m_limits;
     HeldInhibitor m_sleepInhibitor;
@@ -78,6 +88,7 @@ private:
     std::shared_ptr<LinkOpener> m_linkOpener;
     bool m_isIdleTimerDisabled = false;
     bool m_isActive = false;
+    bool m_isVideoPlaying = false;
     std::map<UIBackgroundTaskIdentifier, Task> m_tasks;
     UIBackgroundTaskIdentifier m_lastIdentifier = 0;
     QTimer m_afterWork;

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "TestApplication.h"
+
+#include "library/VideoPlayer.h"
+#include "platform/linux/multimedia/MultimediaPlayback.h"
+#include "platform/screens/AVPlayerViewController.h"
+
+#include <QDir>
+#include <QProcess>
+#include <gtest/gtest.h>
+
+namespace reelsmith {
+namespace {
+
+/// A film made by ffmpeg: red, from its third second on green, from its fifth to its end in the sixth blue.
+QUrl film() {
+    const QString path = QDir::homePath() + "/Documents/Reelsmith/outputs/Three colours.mp4";
+    const QString colour = "color=%1:s=1280x720:r=10:d=2[%1];";
+    EXPECT_EQ(QProcess::execute(
+                  "ffmpeg", {"-v", "error", "-f", "lavfi", "-i", "sine=d=6", "-filter_complex",
+                             colour.arg("red") + colour.arg("lime") + colour.arg("blue") +
+                                 "[red][lime][blue]concat=n=3,scale=out_color_matrix=bt709,format=yuv420p[v]",
+                             "-map", "[v]", "-map", "0", "-colorspace", "bt709", path}),
+              0);
+    return QUrl::fromLocalFile(path);
+}
+
+/// The player in the window, with a real film.
+class PlayerScreen : public testing::Test {
+protected:
+    PlayerScreen() {
+        AVPlayer::setPlaybackFactory([] { return std::make_unique<MultimediaPlayback>(); });
+    }
+    ~PlayerScreen() override {
+        AVPlayer::setPlaybackFactory([] { return std::make_unique<VideoPlayback>(); });
+    }
+
+    AVPlayerViewController& open(const QUrl& url) {
+        VideoPlayer::play(url, m_application.root());
+        return *m_application.await<AVPlayerViewController>();
+    }
+    /// Right of the button in the middle.
+    bool isSeen(const QColor& wanted) {
+        const QPoint place(m_application.window().width() / 2, m_application.window().height() / 2 - 60);
+        return runLoopUntil([&] {
+            const QColor seen = m_application.window().grabWindow().pixelColor(place);
+            m_seen = seen.name();
+            return std::abs(seen.red() - wanted.red()) < 4 && std::abs(seen.green() - wanted.green()) < 4 &&
+                   std::abs(seen.blue() - wanted.blue()) < 4;
+        });
+    }
+
+    QString m_seen;
+    TestApplication m_application;
+};
+
+TEST_F(PlayerScreen, BeginsPausedSeeksAndStopsAtTheLastPictureFromWhichItStartsOver) {
+    AVPlayerViewController& player = open(film());
+    EXPECT_TRUE(isSeen("#FF0000")) << qPrintable(m_seen);
+    EXPECT_FALSE(player.isPlaying());
+    EXPECT_EQ(player.positionLabel()->text() + player.durationLabel()->text(), "00:0000:06");
+    player.positionMoved(3);
+    EXPECT_TRUE(isSeen("#00FF00")) << qPrintable(m_seen);
+    player.positionMoved(6);
+    EXPECT_TRUE(isSeen("#0000FF")) << qPrintable(m_seen);
+    player.positionMoved(3.5);
+    EXPECT_TRUE(isSeen("#00FF00")) << qPrintable(m_seen);
+    player.positionMoved(5.5);
+    m_application.tap("Play");
+    EXPECT_TRUE(player.isPlaying());
+    EXPECT_TRUE(runLoopUntil([&player] { return !player.isPlaying(); }));
+    EXPECT_EQ(player.positionLabel()->text(), "00:06");
+    EXPECT_TRUE(isSeen("#0000FF")) << qPrintable(m_seen);
+    player.positionMoved(1);
+    EXPECT_TRUE(isSeen("#FF0000")) << qPrintable(m_seen);
+    player.positionMoved(5.8);
+    m_application.press(Qt::Key_Space);
+    EXPECT_TRUE(runLoopUntil([&player] { return player.player()->state().isAtEnd(); }));
+    m_application.press(Qt::Key_Space);
+    EXPECT_TRUE(player.isPlaying());
+    EXPECT_TRUE(isSeen("#FF0000")) << qPrintable(m_seen);
+    EXPECT_TRUE(runLoopUntil([&player] { return player.positionSlider()->value() > 0.2; }));
+    EXPECT_TRUE(player.isPlaying());
+    m_application.press(Qt::Key_Escape);
+    m_application.settle();
+    EXPECT_EQ(&m_application.frontScreen(), &m_application.root());
+}
+
+} // namespace
+} // namespace reelsmith
