@@ -8,103 +8,35 @@ import os
 import pathlib
 import subprocess
 import sys
-import unittest
 import urllib.parse
 
+from application import DATA, ENTRY, HOME, NAME, OUTPUTS, PROGRAM, ApplicationTest, make_video, run, write_settings
 from desktop import find, focus, gone, key, press, type_text, until
 from x11 import Display
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "../fakes"))
 import web_server  # noqa: E402
 
-PROGRAM, ENTRY = map(pathlib.Path, sys.argv[1:3])
-NAME = "io.reelsmith.Reelsmith"
-WINDOW = "reelsmith-window"
 PORTAL = "xdg-desktop-portal-gtk"
-HOME = pathlib.Path.home()
 HANDED_OVER = pathlib.Path(os.environ["HANDED_OVER"])
-DATA = pathlib.Path(os.environ["XDG_DATA_HOME"])
-SETTINGS = pathlib.Path(os.environ["XDG_CONFIG_HOME"]) / "reelsmith/reelsmith.conf"
-OUTPUTS = HOME / "Documents/Reelsmith/outputs"
 
 
-def make_video(path, seconds=1):
-    path.parent.mkdir(parents=True, exist_ok=True)
-    subprocess.run(["ffmpeg", "-v", "error", "-y", "-f", "lavfi", "-i", f"testsrc2=s=320x240:r=25:d={seconds}",
-                    "-c:v", "mpeg4", os.fspath(path)], check=True, stdin=subprocess.DEVNULL)
-    return path
-
-
-def install():
-    """The application's entries, and a player beside it, as packages install them."""
-    applications, services = DATA / "applications", DATA / "dbus-1/services"
-    services.mkdir(parents=True)
-    (applications / ENTRY.name).write_text(ENTRY.read_text().replace("Exec=reelsmith", f"Exec={PROGRAM}"))
-    (services / f"{NAME}.service").write_text(f"[D-BUS Service]\nName={NAME}\nExec={PROGRAM}\n")
+def install_player():
+    """Another application for videos."""
+    applications = DATA / "applications"
     taker = (applications / "taker.desktop").read_text()
     (applications / "player.desktop").write_text(taker.replace("Name=Taker", "Name=Player"))
     with open(pathlib.Path(os.environ["XDG_CONFIG_HOME"]) / "mimeapps.list", "a") as associations:
         associations.write("[Added Associations]\nvideo/mp4=player.desktop;\n")
-    SETTINGS.parent.mkdir(parents=True)
-    SETTINGS.write_text("[General]\nDID_SHOW_ONBOARDING=true\n")
-    subprocess.run(["gdbus", "call", "--session", "-d", "org.freedesktop.DBus", "-o", "/", "-m",
-                    "org.freedesktop.DBus.ReloadConfig"], check=True, stdout=subprocess.DEVNULL)
 
 
-def owner():
-    """The process that has the application's name on the bus; 0 for none."""
-    asked = subprocess.run(["gdbus", "call", "--session", "-d", "org.freedesktop.DBus", "-o", "/", "-m",
-                            "org.freedesktop.DBus.GetConnectionUnixProcessID", NAME], capture_output=True, text=True)
-    return int(asked.stdout.split()[1].rstrip(",)")) if asked.returncode == 0 else 0
-
-
-class Conversions(unittest.TestCase):
+class Conversions(ApplicationTest):
     def setUp(self):
         HANDED_OVER.unlink(missing_ok=True)
-
-    def tearDown(self):
-        if owner():
-            os.kill(owner(), 15)
-        until(lambda: not owner(), "the application has ended")
-
-    def start(self, *arguments):
-        process = subprocess.Popen([PROGRAM, *arguments], stdout=subprocess.DEVNULL)
-        self.addCleanup(process.wait)
-        return process
-
-    def start_window(self):
-        process = self.start()
-        find("Photo library", "push button")
-        return process
-
-    def convert(self, name):
-        press("Name", "text")
-        key("ctrl+a")
-        type_text(name)
-        press("Convert", "push button")
-        find("Share", "dialog")
-        return self.check(OUTPUTS / f"{name}.mp4")
-
-    def check(self, path):
-        asked = subprocess.run(["ffprobe", "-v", "error", "-show_entries", "stream=codec_name", "-of", "csv=p=0",
-                                "-count_packets", "-show_entries", "stream=nb_read_packets", path],
-                               capture_output=True, text=True, check=True)
-        self.assertEqual(asked.stdout.strip(), "h264,25")
-        return path
 
     def handed_over(self):
         until(HANDED_OVER.exists, "something is handed over")
         return urllib.parse.unquote(HANDED_OVER.read_text()).removeprefix("file://").rstrip("/")
-
-    def test_a_first_start_leads_through_the_onboarding(self):
-        SETTINGS.unlink()
-        self.start()
-        for title, button in (("Welcome to Reelsmith", "Continue"), ("Convert using your phone", "Continue"),
-                              ("Multiple quality options", "Start")):
-            find(title)
-            press(button, "push button")
-        find("Photo library", "push button")
-        self.assertIn("DID_SHOW_ONBOARDING=true", SETTINGS.read_text())
 
     def test_from_the_photo_library_to_another_application(self):
         make_video(HOME / "Videos/holiday.avi")
@@ -204,5 +136,6 @@ class Conversions(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    install()
-    unittest.main(argv=sys.argv[:1] + sys.argv[3:])
+    install_player()
+    write_settings(DID_SHOW_ONBOARDING="true")
+    run()
