@@ -15,6 +15,7 @@ SqliteConnection::open(const QString& path, std::chrono::milliseconds patience) 
     if (connection->m_failure)
         return tl::unexpected(*connection->m_failure);
     sqlite3_busy_timeout(handle, static_cast<int>(patience.count()));
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
     return connection;
 }
 

@@ -23,7 +23,8 @@ struct SqliteError {
 /// can be written down in a row and asked for its success once. One thread at a time.
 class SqliteConnection {
 public:
-    /// Opens the file, made if there is none. Waits up to `patience` for other processes at each transaction.
+    /// Opens the file, made if there is none. Waits up to `patience` for other processes at each transaction,
+    /// and not for the disk when it is closed.
     static tl::expected<std::unique_ptr<SqliteConnection>, SqliteError>
     open(const QString& path, std::chrono::milliseconds patience);
 
