@@ -17,13 +17,10 @@ struct InMemoryServices {
     std::shared_ptr<InMemoryInstallations> installations = std::make_shared<InMemoryInstallations>();
     std::shared_ptr<InMemoryAnalytics> analytics = std::make_shared<InMemoryAnalytics>();
 
-    /// The one instance, handed over to the application on first use, emptied at each call.
+    /// The one instance, handed over to the application and emptied at each call.
     static InMemoryServices& fresh() {
-        static InMemoryServices services = [] {
-            InMemoryServices made;
-            Services::configure({made.remoteConfig, made.installations, made.analytics});
-            return made;
-        }();
+        static InMemoryServices services;
+        Services::configure({services.remoteConfig, services.installations, services.analytics});
         services.remoteConfig->setState({});
         services.installations->token.reset();
         services.installations->error.reset();

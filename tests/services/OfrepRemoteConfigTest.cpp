@@ -35,15 +35,13 @@ protected:
                                                        m_folder.path(), [this] { return m_now; });
     }
     Status fetch() {
-        std::optional<Status> told;
-        std::atomic<bool> isTold = false;
-        m_config->fetchWithExpirationDuration(1h, [&](Status status, const auto& error) {
+        std::atomic<Status> told = Status::NoFetchYet;
+        m_config->fetchWithExpirationDuration(1h, [&told](Status status, const auto& error) {
             EXPECT_EQ(error.has_value(), status == Status::Failure);
             told = status;
-            isTold = true;
         });
-        EXPECT_TRUE(runLoopUntil([&] { return isTold.load(); }));
-        return told.value_or(Status::NoFetchYet);
+        EXPECT_TRUE(runLoopUntil([&told] { return told != Status::NoFetchYet; }));
+        return told;
     }
     Status fetch(const QByteArray& answer) {
         m_server.answers = {answer};
