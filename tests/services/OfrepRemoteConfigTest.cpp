@@ -28,8 +28,8 @@ QByteArray values(const QByteArray& value, const QByteArray& headers = {}) {
 class OfrepRemoteConfigTest : public testing::Test {
 protected:
     void SetUp() override { restart(); }
-
-    void restart() {
+    void restart(std::chrono::seconds after = 0s) {
+        m_now = m_now.addDuration(after);
         m_config = std::make_shared<OfrepRemoteConfig>(m_endpoint, m_transport,
                                                        std::make_shared<LocalInstallations>(m_folder.path()),
                                                        m_folder.path(), [this] { return m_now; });
@@ -50,14 +50,22 @@ protected:
         EXPECT_GT(m_server.requests.size(), before);
         return status;
     }
+    Status fetchWithoutAsking() {
+        const auto before = m_server.requests.size();
+        const Status status = fetch();
+        EXPECT_EQ(m_server.requests.size(), before);
+        return status;
+    }
     bool activate() {
         std::atomic<int> changed = -1;
-        m_config->activateWithCompletion([&](bool isChanged, const auto&) { changed = isChanged ? 1 : 0; });
-        EXPECT_TRUE(runLoopUntil([&] { return changed >= 0; }));
+        m_config->activateWithCompletion([&changed](bool isChanged, const auto&) { changed = isChanged; });
+        EXPECT_TRUE(runLoopUntil([&changed] { return changed >= 0; }));
         return changed == 1;
     }
     QString value() const { return m_config->stringValueForKey(key).value_or(u"none"_s); }
-    QString file(const QString& name) const { return m_folder.filePath(name); }
+    bool write(const QString& file, const QByteArray& text) {
+        return StateFile(m_folder.filePath(file)).replace(text);
+    }
 
     const QTemporaryDir m_folder;
     RawServer m_server;
@@ -81,22 +89,21 @@ TEST_F(OfrepRemoteConfigTest, ValuesAreSeenFromTheirActivationOnAndAfterRestarts
     EXPECT_EQ(m_config->keysWithPrefix(u"ke"_s), QSet<QString>{key});
     EXPECT_EQ(m_config->keysWithPrefix(u"x"_s), QSet<QString>());
     const QByteArray request = m_server.requests.first().toLower();
-    for (const char* line : {"post /evaluate http/1.1\r\n", "\r\nauthorization: bearer x\r\n",
-                             "\r\ncontent-type: application/json\r\n", "\r\n\r\n{\"context\":{"})
-        EXPECT_TRUE(request.contains(line)) << line;
+    for (const char* part :
+         {"post /evaluate http/1.1\r\n", "\nauthorization: bearer x\r\n",
+          "\ncontent-type: application/json\r\n", "\r\n\r\n{\"context\":{\"appversion\":\"",
+          "\",\"platform\":\"linux\",\"targetingkey\":\""})
+        EXPECT_TRUE(request.contains(part)) << part;
     EXPECT_FALSE(request.contains("if-none-match"));
 }
 
 TEST_F(OfrepRemoteConfigTest, AnswersServeForAnHourUnlessTheClockOrTheQuestionChanges) {
-    fetch(values("on"));
-    restart();
-    m_now = m_now.addSecs(3599);
-    EXPECT_EQ(fetch(), Status::Success);
-    EXPECT_EQ(m_server.requests.size(), 1);
-    m_now = m_now.addSecs(1);
     EXPECT_EQ(fetch(values("on")), Status::Success);
-    m_now = m_now.addSecs(-60);
-    restart();
+    restart(3599s);
+    EXPECT_EQ(fetchWithoutAsking(), Status::Success);
+    restart(1s);
+    EXPECT_EQ(fetch(values("on")), Status::Success);
+    restart(-60s);
     EXPECT_EQ(fetch(values("on")), Status::Success);
     m_endpoint.headers = {{"X-API-Key", "of another environment"}};
     restart();
@@ -105,46 +112,41 @@ TEST_F(OfrepRemoteConfigTest, AnswersServeForAnHourUnlessTheClockOrTheQuestionCh
 
 TEST_F(OfrepRemoteConfigTest, WhatIsNotModifiedStays) {
     EXPECT_EQ(fetch(RawServer::answer("304 Not Modified")), Status::Failure);
-    fetch(values("on", "ETag: W/\"one\"\r\n"));
-    m_now = m_now.addSecs(3600);
-    restart();
+    EXPECT_EQ(fetch(values("on", "ETag: W/\"one\"\r\n")), Status::Success);
+    restart(3600s);
     EXPECT_EQ(fetch("HTTP/1.1 304 Not Modified\r\nContent-Length: 59\r\n\r\n"), Status::Success);
     EXPECT_TRUE(m_server.requests.last().toLower().contains("\r\nif-none-match: w/\"one\"\r\n"));
-    EXPECT_EQ(fetch(), Status::Success);
-    EXPECT_EQ(m_server.requests.size(), 3);
-    activate();
+    EXPECT_EQ(fetchWithoutAsking(), Status::Success);
+    EXPECT_TRUE(activate());
     EXPECT_EQ(value(), u"on"_s);
 }
 
 TEST_F(OfrepRemoteConfigTest, AServiceThatAsksToBeLeftAloneIsLeftAlone) {
-    for (const char* header : {"Retry-After: 7200\r\n", "Retry-Later: 7200\r\n"}) {
-        EXPECT_EQ(fetch(RawServer::answer("429 Too Many Requests", {}, header)), Status::Throttled);
-        const auto count = m_server.requests.size();
-        restart();
-        m_now = m_now.addSecs(7199);
-        EXPECT_EQ(fetch(), Status::Throttled);
-        EXPECT_EQ(m_server.requests.size(), count);
-        m_now = m_now.addSecs(1);
+    const auto busy = [](const QByteArray& header) {
+        return RawServer::answer("429 Too Many Requests", {}, header + ": 7200\r\n");
+    };
+    for (const char* header : {"Retry-After", "Retry-Later"}) {
+        EXPECT_EQ(fetch(busy(header)), Status::Throttled);
+        restart(7199s);
+        EXPECT_EQ(fetchWithoutAsking(), Status::Throttled);
+        restart(1s);
     }
-    EXPECT_EQ(fetch(RawServer::answer("429 Too Many Requests", {}, "Retry-After: 7200\r\n")),
-              Status::Throttled);
-    m_now = m_now.addSecs(-1);
+    EXPECT_EQ(fetch(busy("Retry-After")), Status::Throttled);
+    restart(-1s);
     EXPECT_EQ(fetch(values("on")), Status::Success);
 }
 
 TEST_F(OfrepRemoteConfigTest, FailuresLeaveWhatWasThere) {
-    fetch(values("on"));
-    activate();
+    EXPECT_EQ(fetch(values("on")), Status::Success);
+    EXPECT_TRUE(activate());
     m_endpoint.timeLimit = 300ms;
-    restart();
-    m_now = m_now.addSecs(3600);
-    for (const QByteArray status : {"204 No Content", "302 Found", "400 Bad Request", "401 Unauthorized",
-                                    "403 Forbidden", "404 Not Found", "500 Oops", "503 Busy"})
+    restart(3600s);
+    for (const char* status : {"204 No Content", "302 Found", "400 Bad Request", "401 Unauthorized",
+                               "403 Forbidden", "404 Not Found", "500 Oops", "503 Busy"})
         EXPECT_EQ(fetch(RawServer::answer(status, "{\"errorCode\":\"X\"}", "Location: /\r\n")),
                   Status::Failure);
-    const QByteArray long_ = values(QByteArray(1024 * 1024, 'x')), whole = values("off");
-    for (const QByteArray& answer : {QByteArray(), QByteArray("nonsense"), long_, whole.chopped(1),
-                                     RawServer::answer("200 OK", "{\"flags\":")})
+    const QByteArray tooLong = values(QByteArray(1024 * 1024, 'x')), cut = values("off").chopped(1);
+    for (const QByteArray& answer : {QByteArray(), QByteArray("nonsense"), tooLong, cut})
         EXPECT_EQ(fetch(answer), Status::Failure) << answer.left(40).data();
     m_server.answers.clear();
     EXPECT_EQ(fetch(), Status::Failure);
@@ -153,14 +155,13 @@ TEST_F(OfrepRemoteConfigTest, FailuresLeaveWhatWasThere) {
 }
 
 TEST_F(OfrepRemoteConfigTest, ADamagedFileIsAsNone) {
-    fetch(values("on"));
-    activate();
+    EXPECT_EQ(fetch(values("on")), Status::Success);
     for (const QByteArray damaged : {"", "{", "[]", "{\"key\":7,\"values\":{\"key\":7}}"}) {
-        ASSERT_TRUE(StateFile(file(u"remote-config-activated.json"_s)).replace(damaged));
+        ASSERT_TRUE(write(u"remote-config-activated.json"_s, damaged));
         restart();
         EXPECT_EQ(value(), u"none"_s);
         EXPECT_TRUE(activate());
-        ASSERT_TRUE(StateFile(file(u"remote-config-fetched.json"_s)).replace(damaged));
+        ASSERT_TRUE(write(u"remote-config-fetched.json"_s, damaged));
         restart();
         EXPECT_EQ(value(), u"on"_s);
         EXPECT_EQ(fetch(values("on")), Status::Success);

@@ -3,16 +3,10 @@
 
 #include "platform/services/RetryTime.h"
 
-#include <QJsonDocument>
 #include <gtest/gtest.h>
 
 using namespace reelsmith;
 using namespace Qt::StringLiterals;
-
-TEST(Ofrep, TheRequestTellsWhoAsks) {
-    EXPECT_EQ(Ofrep::requestBody(u"id"_s), R"({"context":{"appVersion":")" REELSMITH_VERSION
-                                           R"(","platform":"linux","targetingKey":"id"}})");
-}
 
 TEST(Ofrep, ValuesAreTextsAsTheyWereWritten) {
     const std::map<QByteArray, std::optional<QString>> cases{
