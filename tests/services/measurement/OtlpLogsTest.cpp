@@ -60,6 +60,7 @@ TEST(UploadSchedule, TheNextUploadWaitsForTheIntervalOrTheRetry) {
     EXPECT_EQ(schedule.afterFailure(at(5000s), 90s, 30s, 0).remaining(at(5000s), 3600s), 90s);
     EXPECT_EQ(schedule.afterFailure(at(5000s), 0s, 30s, 0).remaining(at(5000s), 3600s), 30s);
     EXPECT_EQ(schedule.afterFailure(at(5000s), {}, 30s, 1).remaining(at(5000s), 3600s), 45s);
+    EXPECT_EQ(schedule.underWay(at(5000s), 30s).remaining(at(5010s), 3600s), 20s);
     for (const auto wait : {30s, 60s, 120s, 240s}) {
         schedule = schedule.afterFailure(at(5000s), {}, 30s, 0);
         EXPECT_EQ(schedule.wait, wait);

@@ -25,6 +25,10 @@ UploadSchedule::Milliseconds UploadSchedule::remaining(Clock::time_point now,
     return std::max(Milliseconds::zero(), whole - elapsed);
 }
 
+UploadSchedule UploadSchedule::underWay(Clock::time_point now, Milliseconds shortest) const {
+    return {sinceEpoch(now), shortest, std::max(failures, 1)};
+}
+
 UploadSchedule UploadSchedule::afterSuccess(Clock::time_point now) {
     return {sinceEpoch(now), Milliseconds::zero(), 0};
 }

@@ -23,6 +23,10 @@ struct UploadSchedule {
     /// has passed. Where the clock has been set back behind the last upload, not at all.
     Milliseconds remaining(Clock::time_point now, std::chrono::seconds interval) const;
 
+    /// The schedule while a request is under way. It stays where the process ends before the answer: the next
+    /// upload then waits for `shortest`, and no failure has been added.
+    UploadSchedule underWay(Clock::time_point now, Milliseconds shortest) const;
+
     /// The schedule after an upload that has come to its end.
     static UploadSchedule afterSuccess(Clock::time_point now);
 

@@ -71,7 +71,7 @@ void Uploader::take(const ServiceResult& result) {
         qInfo("Measurement: an upload: %s", qUtf8Printable(answer.message.left(longestMessage)));
     bool goesOn = false;
     if (answer.verdict == OtlpAnswer::Verdict::RetryLater)
-        m_database.setSchedule(scheduleAfterFailure(retryAfter(result)));
+        putOff(retryAfter(result));
     else
         goesOn = settle(answer);
     if (!goesOn || !sendBundle())
@@ -118,9 +118,9 @@ QByteArray Uploader::fillBundle(const MeasurementSettings& settings) {
 
 bool Uploader::post(const QByteArray& body) {
     m_before = m_database.schedule();
-    // Until there is an answer the upload counts as failed: a process that is killed meanwhile, or a database
-    // that takes nothing any more, must not send the same again and again.
-    if (!m_database.setSchedule(scheduleAfterFailure(std::nullopt)))
+    // Noted first: short commands that end before the answer, or a database that takes nothing any more, must
+    // not send the same again and again.
+    if (!m_database.setSchedule(m_before.underWay(now(), m_parts.shortestRetryWait)))
         return false;
     ServiceRequest request{m_parts.endpoint->url, m_parts.endpoint->headers, gzip(body)};
     request.headers.emplaceBack("Content-Type", "application/json");
@@ -130,6 +130,11 @@ bool Uploader::post(const QByteArray& body) {
     return true;
 }
 
+void Uploader::putOff(std::optional<std::chrono::milliseconds> retryAfter) {
+    const double spread = QRandomGenerator::global()->generateDouble();
+    m_database.setSchedule(m_before.afterFailure(now(), retryAfter, m_parts.shortestRetryWait, spread));
+}
+
 // Whether the next bundle may follow at once. After one that was refused it may not: what is wrong with it
 // may be wrong with all.
 bool Uploader::settle(const OtlpAnswer& answer) {
@@ -137,11 +142,6 @@ bool Uploader::settle(const OtlpAnswer& answer) {
     m_tally.add(Loss::Refusal, {}, isRefused ? m_bundle.size() : 0);
     m_tally.add(Loss::Rejection, {}, answer.rejectedRecords);
     return m_database.remove(m_bundle, UploadSchedule::afterSuccess(now())) && !isRefused && m_isFull;
-}
-
-UploadSchedule Uploader::scheduleAfterFailure(std::optional<std::chrono::milliseconds> retryAfter) const {
-    const double spread = QRandomGenerator::global()->generateDouble();
-    return m_before.afterFailure(now(), retryAfter, m_parts.shortestRetryWait, spread);
 }
 
 } // namespace reelsmith

@@ -48,7 +48,7 @@ private:
     QByteArray fillBundle(const MeasurementSettings& settings);
     bool post(const QByteArray& body);
     bool settle(const OtlpAnswer& answer);
-    UploadSchedule scheduleAfterFailure(std::optional<std::chrono::milliseconds> retryAfter) const;
+    void putOff(std::optional<std::chrono::milliseconds> retryAfter);
 
     const UploadParts m_parts;
     const QString m_lockPath;
