@@ -5,11 +5,15 @@ A script of tests is run as: with_desktop SCRIPT REELSMITH DESKTOP_ENTRY [unitte
 """
 import os
 import pathlib
+import shutil
 import subprocess
 import sys
 import unittest
 
 from desktop import find, key, press, type_text, until
+
+# Servers for what the scripts import after this.
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "../fakes"))
 
 PROGRAM, ENTRY = map(pathlib.Path, sys.argv[1:3])
 NAME = "io.reelsmith.Reelsmith"
@@ -17,6 +21,7 @@ HOME = pathlib.Path.home()
 DATA = pathlib.Path(os.environ["XDG_DATA_HOME"])
 SETTINGS = pathlib.Path(os.environ["XDG_CONFIG_HOME"]) / "reelsmith/reelsmith.conf"
 OUTPUTS = HOME / "Documents/Reelsmith/outputs"
+PRINTED = HOME / "printed"
 
 
 def make_video(path, seconds=1, codec="mpeg4"):
@@ -39,6 +44,12 @@ def install():
     call_bus("ReloadConfig").check_returncode()
 
 
+def forget_everything():
+    """As if the application had never been started."""
+    for folder in (SETTINGS.parent, DATA / "reelsmith", OUTPUTS.parent):
+        shutil.rmtree(folder, ignore_errors=True)
+
+
 def write_settings(**settings):
     """What earlier runs have left."""
     SETTINGS.parent.mkdir(parents=True, exist_ok=True)
@@ -58,7 +69,8 @@ class ApplicationTest(unittest.TestCase):
         until(lambda: not owner(), "the application has ended")
 
     def start(self, *arguments, **environment):
-        process = subprocess.Popen([PROGRAM, *arguments], stdout=subprocess.DEVNULL, env=os.environ | environment)
+        with open(PRINTED, "w") as printed:
+            process = subprocess.Popen([PROGRAM, *arguments], stdout=printed, env=os.environ | environment)
         self.addCleanup(process.wait)
         return process
 
@@ -66,6 +78,9 @@ class ApplicationTest(unittest.TestCase):
         process = self.start(**environment)
         find("Photo library", "push button")
         return process
+
+    def await_printed(self, line):
+        until(lambda: line in PRINTED.read_text().splitlines(), f'"{line}" is printed')
 
     def convert(self, name):
         """From the sheet that asks for a name to the one that offers to share."""

@@ -7,15 +7,12 @@
 import os
 import pathlib
 import subprocess
-import sys
 import urllib.parse
 
 from application import DATA, ENTRY, HOME, NAME, OUTPUTS, PROGRAM, ApplicationTest, make_video, run, write_settings
 from desktop import find, focus, gone, key, press, type_text, until
+import web_server
 from x11 import Display
-
-sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "../fakes"))
-import web_server  # noqa: E402
 
 PORTAL = "xdg-desktop-portal-gtk"
 HANDED_OVER = pathlib.Path(os.environ["HANDED_OVER"])

@@ -52,9 +52,9 @@ def names():
 
 
 def look(name, role=None, program=None):
-    """What is shown under that name now, or under any; None if nothing is, or if it goes while we look."""
+    """What is shown under that name now, or under any, on top of all; None if nothing is, or if it goes while we look."""
     try:
-        return next((node for node in shown(program)
+        return next((node for node in reversed(list(shown(program)))
                      if name in (None, node.get_name()) and role in (None, node.get_role_name())), None)
     except GLib.Error:
         return None
@@ -64,8 +64,8 @@ def find(name, role=None, program=None):
     return until(lambda: look(name, role, program), f'"{name}" is on the screen')
 
 
-def gone(name, program=None):
-    until(lambda: look(name, program=program) is None, f'"{name}" has gone')
+def gone(name, role=None):
+    until(lambda: look(name, role) is None, f'"{name}" has gone')
 
 
 def focus(title):

@@ -1,11 +1,13 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Follows a new user from the first start to the library, in both of its layouts.
+"""Follows a new user from the first start to the library, in both of its layouts, and counts what is measured.
 
     with_desktop library.py REELSMITH DESKTOP_ENTRY [unittest options]
 """
-from application import HOME, OUTPUTS, SETTINGS, ApplicationTest, make_video, run, write_settings
-from desktop import find, gone, key, press
+from application import HOME, OUTPUTS, SETTINGS, ApplicationTest, forget_everything, make_video, run, write_settings
+from collector import Collector, records
+from desktop import find, gone, key, press, until
+from flag_server import FlagServer
 from x11 import Display
 
 PAGES = (("Welcome to Reelsmith", "Continue"), ("Convert using your phone", "Continue"),
@@ -19,7 +21,16 @@ def open_tab(name):
 
 class Library(ApplicationTest):
     def setUp(self):
-        SETTINGS.unlink(missing_ok=True)
+        forget_everything()
+        self.flags = FlagServer(measurement_upload_interval_seconds=1)
+        self.flags.may_answer.set()
+        self.measured = []
+        collector = Collector(self.take)
+        self.services = {"OFREP_ENDPOINT": self.flags.address,
+                         "OTEL_EXPORTER_OTLP_ENDPOINT": f"http://127.0.0.1:{collector.server_port}/200"}
+
+    def take(self, request):
+        self.measured += [record["eventName"] for _, record, _ in records(request)]
 
     def go_through_onboarding(self):
         for title, button in PAGES:
@@ -30,35 +41,91 @@ class Library(ApplicationTest):
 
     def convert_from_photos(self, name):
         make_video(HOME / "Videos/holiday.avi")
+        open_tab("Convert to MP4")
         press("Photo library", "push button")
         press("holiday.avi", "list item")
         result = self.convert(name)
         key("Escape")
-        gone("Share")
+        gone("Copy file")
+        open_tab("Converted Videos")
         return result
 
-    def copy_shared(self, result):
+    def play(self):
+        press("Play", "push button")
+        find("Position", "slider")
+        press("Play", "push button")
+        press("Pause", "push button")
+        press("Close", "push button")
+        gone("Position")
+
+    def share(self, result):
         press("Share", "push button")
         press("Copy file")
         gone("Copy file")
         self.assertEqual(Display().clipboard("text/uri-list").strip(), result.as_uri())
 
-    def test_a_new_user_converts_a_video_and_finds_it_in_the_list(self):
-        self.start()
-        self.go_through_onboarding()
-        open_tab("Converted Videos")
-        find("No videos yet")
-        open_tab("Convert to MP4")
-        result = self.convert_from_photos("from the first run")
-
-        open_tab("Converted Videos")
-        press(result.name, "list item")
-        find(result.name, "dialog")
-        self.copy_shared(result)
+    def delete(self, result):
         press("Delete", "push button")
         gone(result.name)
         find("No videos yet")
-        self.assertEqual(list(OUTPUTS.iterdir()), [])
+        self.assertFalse(result.exists())
+
+    def turn_consent(self, becomes):
+        open_tab("Settings")
+        press("Send usage data", "check box")
+        until(lambda: f"SEND_USAGE_DATA={becomes}" in SETTINGS.read_text(), "the consent is stored")
+
+    def test_a_new_user_gets_to_know_the_list(self):
+        self.start(**self.services)
+        self.go_through_onboarding()
+        open_tab("Converted Videos")
+        find("No videos yet")
+        result = self.convert_from_photos("from the first run")
+        press(result.name, "list item")
+        self.play()
+        self.share(result)
+        self.delete(result)
+        until(lambda: "deleted_video" in self.measured, "the last event arrives")
+        self.assertEqual(self.measured, ["started_tutorial", "converted_success", "shared_video", "played_video",
+                                         "shared_video", "deleted_video"])
+
+    def test_the_grid_comes_with_the_flag(self):
+        write_settings(DID_SHOW_ONBOARDING="true")
+        self.flags.values["new_video_layout_test"] = "variant_a"
+        self.start_window(**self.services)
+        self.await_printed("Swapped videos VC to variant_a")
+        older = make_video(OUTPUTS / "older.mp4")
+        result = self.convert_from_photos("newer")
+        find("2 videos, newest first")
+        press(result.name, "list item")
+        find("Video details", "heading")
+        self.play()
+        self.share(result)
+        press("Delete", "push button")
+        press("delete", "push button")
+        gone("Video details")
+        find("1 video, newest first")
+        self.assertEqual(list(OUTPUTS.iterdir()), [older])
+
+    def test_without_consent_nothing_is_measured_not_even_after_a_restart(self):
+        write_settings(DID_SHOW_ONBOARDING="true")
+        result = make_video(OUTPUTS / "film.mp4")
+        self.start_window(**self.services)
+        self.turn_consent(becomes="false")
+        self.tearDown()
+        self.start_window(**self.services)
+        open_tab("Converted Videos")
+        press(result.name, "list item")
+        self.share(result)
+        press("Close", "push button")
+        gone(result.name, "dialog")
+        self.turn_consent(becomes="true")
+        open_tab("Converted Videos")
+        press(result.name, "list item")
+        self.delete(result)
+        until(lambda: self.measured, "what is measured arrives")
+        self.assertEqual(self.measured, ["deleted_video"])
+
 
 
 if __name__ == "__main__":
