@@ -5,6 +5,7 @@
 #include "conversion/VideoConversionViewController.h"
 #include "conversion/VideoConverter.h"
 #include "platform/foundation/DispatchQueue.h"
+#include "platform/uikit/UIApplication.h"
 
 namespace reelsmith {
 
@@ -26,16 +27,16 @@ ConversionRun::ConversionRun(VideoConversionViewController& screen, std::shared_
 ConversionRun::~ConversionRun() = default;
 
 void ConversionRun::start(const QString& name) {
-    m_card =
-        m_screen.presentProgress(ProgressViewController::DisplayMode::convert, [run = QPointer(this), name] {
-            if (run)
-                run->convert(name);
-        });
+    m_name = name;
+    m_card = m_screen.presentProgress(ProgressViewController::DisplayMode::convert, [run = QPointer(this)] {
+        if (run)
+            run->convert();
+    });
     if (m_card)
         m_card->setFile(name + QStringLiteral(".mp4"), m_source);
 }
 
-void ConversionRun::convert(const QString& name) {
+void ConversionRun::convert() {
     const std::shared_ptr<VideoConverter> converter = m_converter.lock();
     if (!converter)
         return;
@@ -44,18 +45,28 @@ void ConversionRun::convert(const QString& name) {
     // Where the access is refused, the export says why.
     m_access = std::make_unique<SecurityScopedAccess>(m_source);
     m_access->start();
-    converter->convert(name, [run = QPointer(this)](const QUrl& output) {
+    converter->convert(m_name, [run = QPointer(this)](const QUrl& output) {
         if (run)
             run->succeed(output);
     });
 }
 
-ProgressDisplay* ConversionRun::progressDisplay() {
-    return m_card && m_card == m_screen.progressController() ? m_card.get() : nullptr;
+void ConversionRun::updateProgress(double progress) {
+    if (isCardShown())
+        m_card->updateProgress(progress);
+    UIApplication::shared().notify({m_name,
+                                    QStringLiteral("Converting: %1 %").arg(static_cast<int>(progress * 100)),
+                                    UserNotification::Weight::Status});
+}
+
+bool ConversionRun::isCardShown() const {
+    return m_card && m_card == m_screen.progressController();
 }
 
 void ConversionRun::succeed(const QUrl& output) {
     m_isConverting = false;
+    UIApplication::shared().notify(
+        {m_name + QStringLiteral(" is ready"), QStringLiteral("Tap to share it.")});
     m_screen.dismissCard(m_card, {});
     m_access->stop();
     DispatchQueue::main().async([screen = QPointer(&m_screen), output, weak = m_converter] {
@@ -68,6 +79,7 @@ void ConversionRun::succeed(const QUrl& output) {
 
 void ConversionRun::fail(const QString& reason) {
     m_isConverting = false;
+    UIApplication::shared().notify({QStringLiteral("Conversion Failed"), m_name});
     m_screen.updateStillConverting();
     m_screen.keepOpen(std::move(m_access));
     m_screen.dismissCard(m_card, [screen = QPointer(&m_screen), weak = m_converter, reason] {

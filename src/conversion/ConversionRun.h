@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "conversion/ProgressDisplay.h"
 #include "conversion/VideoConverterDelegate.h"
 #include "platform/foundation/SecurityScopedAccess.h"
 
@@ -17,7 +18,7 @@ class VideoConverter;
 
 /// One conversion on the convert screen: its own card and its own converter, whatever else goes on there.
 /// Main thread.
-class ConversionRun : public QObject, public VideoConverterDelegate {
+class ConversionRun : public QObject, public VideoConverterDelegate, public ProgressDisplay {
     Q_OBJECT
 
 public:
@@ -27,21 +28,28 @@ public:
     /// Shows the card, and converts once it stands. Without a place for a card nothing happens.
     void start(const QString& name);
 
-    /// The card of this run while the screen shows it; null after a cancel.
-    ProgressDisplay* progressDisplay() override;
+    ProgressDisplay* progressDisplay() override { return this; }
+
+    /// Shows it on the card while the screen shows that, and to a user who is elsewhere.
+    void updateProgress(double progress) override;
+
     ProgressViewController* card() const { return m_card; }
+
+    /// False after a cancel.
+    bool isCardShown() const;
 
     /// Whether the conversion goes on, seen or not.
     bool isConverting() const { return m_isConverting; }
 
 private:
-    void convert(const QString& name);
+    void convert();
     void succeed(const QUrl& output);
     void fail(const QString& reason);
 
     VideoConversionViewController& m_screen;
     const std::weak_ptr<VideoConverter> m_converter;
     const QUrl m_source;
+    QString m_name;
     QPointer<ProgressViewController> m_card;
     std::unique_ptr<SecurityScopedAccess> m_access;
     bool m_isConverting = false;

@@ -4,6 +4,7 @@
 #include "conversion/ProgressViewController.h"
 #include "conversion/VideoConversionViewController.h"
 #include "platform/foundation/Console.h"
+#include "platform/uikit/UIApplication.h"
 
 namespace reelsmith {
 
@@ -18,7 +19,7 @@ void DownloadRun::start() {
             run->download();
     });
     if (m_card)
-        m_card->setFile(m_downloader->videoURL().fileName(QUrl::FullyDecoded), std::nullopt);
+        m_card->setFile(fileName(), std::nullopt);
     else
         deleteLater();
 }
@@ -30,6 +31,10 @@ void DownloadRun::download() {
     });
 }
 
+QString DownloadRun::fileName() const {
+    return m_downloader->videoURL().fileName(QUrl::FullyDecoded);
+}
+
 bool DownloadRun::isSeen() const {
     return m_card && m_card == m_screen.progressController();
 }
@@ -37,6 +42,9 @@ bool DownloadRun::isSeen() const {
 void DownloadRun::didUpdateProgress(double fraction) {
     if (isSeen())
         m_card->updateProgress(fraction);
+    UIApplication::shared().notify({fileName(),
+                                    QStringLiteral("Downloading: %1 %").arg(static_cast<int>(fraction * 100)),
+                                    UserNotification::Weight::Status});
 }
 
 void DownloadRun::didReceiveBytes(const DownloadProgress& progress) {
@@ -46,6 +54,9 @@ void DownloadRun::didReceiveBytes(const DownloadProgress& progress) {
 
 void DownloadRun::end(const VideoDownloader::DownloadResult& result) {
     deleteLater();
+    UIApplication::shared().notify(
+        {fileName(), result ? QStringLiteral("Downloaded. Tap to choose a name and a quality.")
+                            : QStringLiteral("The download has failed.")});
     m_screen.dismissCard(m_card, [screen = QPointer(&m_screen), card = m_card, result] {
         if (!screen)
             return;

@@ -30,6 +30,7 @@ public:
 private:
     void download();
     void end(const VideoDownloader::DownloadResult& result);
+    QString fileName() const;
     bool isSeen() const;
 
     VideoConversionViewController& m_screen;

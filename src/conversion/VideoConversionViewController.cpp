@@ -171,7 +171,7 @@ bool VideoConversionViewController::isConverting() const {
 }
 
 void VideoConversionViewController::updateStillConverting() {
-    m_stillConvertingView.setHidden(!isConverting() || m_run->progressDisplay() != nullptr);
+    m_stillConvertingView.setHidden(!isConverting() || m_run->isCardShown());
 }
 
 void VideoConversionViewController::keepOpen(std::unique_ptr<SecurityScopedAccess> access) {

@@ -48,6 +48,7 @@ WindowApplication::WindowApplication(LinuxPlatform platform, std::shared_ptr<HTT
 WindowApplication::~WindowApplication() {
     // The screens go before what shows them.
     m_delegate.reset();
+    UIApplication::shared().setNotifications(std::make_unique<Notifications>());
     PlatformServices::install({});
     HTTPClient::setShared(nullptr);
 }
@@ -57,6 +58,8 @@ void WindowApplication::setUpPlatform(std::shared_ptr<HTTPClient> webClient) {
     application.setSleepInhibitor(std::move(m_platform.sleepInhibitor));
     application.setIdleInhibitor(std::move(m_platform.idleInhibitor));
     application.setLinkOpener(m_platform.linkOpener);
+    m_platform.notifications->setOnTapped([this] { activate(); });
+    application.setNotifications(std::move(m_platform.notifications));
     PlatformServices::install(std::move(m_platform.services));
     UIImpactFeedbackGenerator::setHaptics(std::move(m_platform.haptics));
     HTTPClient::setShared(std::move(webClient));
@@ -116,6 +119,9 @@ void WindowApplication::open(const QList<QUrl>& files) {
 
 bool WindowApplication::eventFilter(QObject* /*watched*/, QEvent* event) {
     switch (event->type()) {
+    case QEvent::Expose:
+        UIApplication::shared().setInSight(m_quickWindow.isExposed());
+        return false;
     case QEvent::Close:
         event->setAccepted(mayClose());
         return !event->isAccepted();

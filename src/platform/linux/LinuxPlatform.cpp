@@ -8,6 +8,7 @@
 #include "platform/linux/PortalDocumentChooser.h"
 #include "platform/linux/PortalLinkOpener.h"
 #include "platform/linux/PortalMailDrafts.h"
+#include "platform/linux/PortalNotifications.h"
 #include "platform/linux/ShellKeyboard.h"
 #include "platform/linux/sharing/DesktopFileSharing.h"
 
@@ -30,6 +31,7 @@ LinuxPlatform::LinuxPlatform(const QString& applicationId) {
     idleInhibitor = inhibitor({portalIdleLease(session), screenSaverLease(session),
                                loginManagerLease(system, QStringLiteral("idle"))});
     linkOpener = std::make_shared<PortalLinkOpener>(session);
+    notifications = std::make_unique<PortalNotifications>(session);
     haptics = std::make_unique<FeedbackHaptics>(session, applicationId);
     appearance = std::make_unique<PortalAppearance>(session);
     textFocus = std::make_unique<TextFocus>(std::make_unique<ShellKeyboard>(session));

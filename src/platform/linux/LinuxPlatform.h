@@ -7,6 +7,7 @@
 #include "platform/uikit/Haptics.h"
 #include "platform/uikit/Inhibitor.h"
 #include "platform/uikit/LinkOpener.h"
+#include "platform/uikit/Notifications.h"
 
 #include <QString>
 #include <memory>
@@ -24,6 +25,7 @@ struct LinuxPlatform {
     std::unique_ptr<Inhibitor> sleepInhibitor = std::make_unique<Inhibitor>();
     std::unique_ptr<Inhibitor> idleInhibitor = std::make_unique<Inhibitor>();
     std::shared_ptr<LinkOpener> linkOpener = std::make_shared<LinkOpener>();
+    std::unique_ptr<Notifications> notifications = std::make_unique<Notifications>();
     std::unique_ptr<Haptics> haptics = std::make_unique<Haptics>();
     std::unique_ptr<DesktopAppearance> appearance = std::make_unique<DesktopAppearance>();
     std::unique_ptr<TextFocus> textFocus; ///< null where no keyboard is to be shown

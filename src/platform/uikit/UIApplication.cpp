@@ -15,7 +15,8 @@ UIApplication::UIApplication(std::unique_ptr<Inhibitor> sleepInhibitor, TaskLimi
     : m_limits(limits),
       m_sleepInhibitor(std::move(sleepInhibitor)),
       m_idleInhibitor(std::make_unique<Inhibitor>()),
-      m_linkOpener(std::make_shared<LinkOpener>()) {
+      m_linkOpener(std::make_shared<LinkOpener>()),
+      m_notifications(std::make_unique<Notifications>()) {
     m_afterWork.setSingleShot(true);
     m_afterWork.setInterval(m_limits.afterWork);
     connect(&m_afterWork, &QTimer::timeout, this, &UIApplication::expireAll);
@@ -38,6 +39,10 @@ void UIApplication::setLinkOpener(std::shared_ptr<LinkOpener> opener) {
     m_linkOpener = std::move(opener);
 }
 
+void UIApplication::setNotifications(std::unique_ptr<Notifications> notifications) {
+    m_notifications = std::move(notifications);
+}
+
 void UIApplication::setIdleTimerDisabled(bool isDisabled) {
     m_isIdleTimerDisabled = isDisabled;
     updateIdleInhibitor();
@@ -55,6 +60,19 @@ void UIApplication::updateIdleInhibitor() {
 void UIApplication::setActive(bool isActive) {
     m_isActive = isActive;
     updateIdleInhibitor();
+}
+
+void UIApplication::setInSight(bool isInSight) {
+    m_isInSight = isInSight;
+    if (m_isInSight && std::exchange(m_shownNotification, std::nullopt))
+        m_notifications->withdraw();
+}
+
+void UIApplication::notify(const UserNotification& notification) {
+    if (m_isInSight || m_shownNotification == notification)
+        return;
+    m_shownNotification = notification;
+    m_notifications->show(notification);
 }
 
 void UIApplication::open(const QUrl& url, LinkOpener::Completion completion) {

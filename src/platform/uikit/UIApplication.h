@@ -4,6 +4,7 @@
 #include "platform/foundation/WeakDelegate.h"
 #include "platform/uikit/HeldInhibitor.h"
 #include "platform/uikit/LinkOpener.h"
+#include "platform/uikit/Notifications.h"
 #include "platform/uikit/UIApplicationDelegate.h"
 
 #include <QObject>
@@ -13,6 +14,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 
 namespace reelsmith {
 
@@ -46,6 +48,7 @@ public:
     void setSleepInhibitor(std::unique_ptr<Inhibitor> inhibitor);
     void setIdleInhibitor(std::unique_ptr<Inhibitor> inhibitor);
     void setLinkOpener(std::shared_ptr<LinkOpener> opener);
+    void setNotifications(std::unique_ptr<Notifications> notifications);
 
     /// While it is disabled and the application is active, the screen neither dims nor locks by itself.
     bool isIdleTimerDisabled() const { return m_isIdleTimerDisabled; }
@@ -56,6 +59,13 @@ public:
 
     /// Whether the user is at the application's window; the window says so.
     void setActive(bool isActive);
+
+    /// Whether anything of the application's window can be seen; the window says so.
+    void setInSight(bool isInSight);
+
+    /// Tells the user of something while the window is out of sight, in the place of what was told before. It
+    /// is withdrawn when the window comes back.
+    void notify(const UserNotification& notification);
 
     /// Opens an address in another program. `completion`, which may be empty, is called once, on the main
     /// queue, after this has returned.
@@ -86,6 +96,9 @@ private:
     HeldInhibitor m_sleepInhibitor;
     HeldInhibitor m_idleInhibitor;
     std::shared_ptr<LinkOpener> m_linkOpener;
+    std::unique_ptr<Notifications> m_notifications;
+    std::optional<UserNotification> m_shownNotification;
+    bool m_isInSight = true;
     bool m_isIdleTimerDisabled = false;
     bool m_isActive = false;
     bool m_isVideoPlaying = false;
