@@ -8,34 +8,36 @@
 #include <QVideoFrame>
 #include <QVideoSink>
 #include <mutex>
+#include <optional>
 #include <utility>
 
 namespace reelsmith {
 
-/// The way from the player's thread to this one: what comes too fast is passed over, so that pictures do not
-/// pile up.
-class PlayerLayerItem::NewestPicture {
+/// The way from the player's thread to this one: what comes too fast is passed over, so that nothing piles
+/// up.
+class PlayerLayerItem::NewestFrame {
 public:
     /// Answers whether somebody must take it.
-    bool put(QImage picture) {
+    bool put(const QVideoFrame& frame) {
         const std::lock_guard lock(m_mutex);
-        m_picture = std::move(picture);
-        return !std::exchange(m_isWaiting, true);
+        m_frame = frame;
+        return !std::exchange(m_isTaken, true);
     }
-    QImage take() {
+    /// Who has taken one comes back for the next, until there is none.
+    std::optional<QVideoFrame> take() {
         const std::lock_guard lock(m_mutex);
-        m_isWaiting = false;
-        return std::exchange(m_picture, {});
+        m_isTaken = m_frame.has_value();
+        return std::exchange(m_frame, std::nullopt);
     }
 
 private:
     std::mutex m_mutex;
-    QImage m_picture;
-    bool m_isWaiting = false;
+    std::optional<QVideoFrame> m_frame;
+    bool m_isTaken = false;
 };
 
 PlayerLayerItem::PlayerLayerItem(QQuickItem* parent)
-    : QQuickPaintedItem(parent), m_newest(std::make_shared<NewestPicture>()) {
+    : QQuickPaintedItem(parent), m_newest(std::make_shared<NewestFrame>()) {
     setOpaquePainting(true);
 }
 
@@ -50,17 +52,29 @@ void PlayerLayerItem::setPlayerLayer(AVPlayerLayer* layer) {
     emit playerLayerChanged();
 }
 
-// On the player's own thread, since the way from a frame to a picture is long.
 void PlayerLayerItem::follow(QVideoSink& sink) {
-    const auto take = [self = QPointer(this), newest = m_newest](const QVideoFrame& frame) {
-        if (!frame.isValid() || !newest->put(framePicture(frame)))
-            return;
-        DispatchQueue::main().async([self, newest] {
-            if (self)
-                self->show(newest->take());
-        });
+    const auto keep = [self = QPointer(this), newest = m_newest](const QVideoFrame& frame) {
+        if (frame.isValid() && newest->put(frame))
+            convert(self, newest);
     };
-    connect(&sink, &QVideoSink::videoFrameChanged, this, take, Qt::DirectConnection);
+    connect(&sink, &QVideoSink::videoFrameChanged, this, keep, Qt::DirectConnection);
+}
+
+// The way from a frame to a picture is long. The player's own thread must not go it: while it does, the
+// player cannot be told anything, and whoever tries waits.
+void PlayerLayerItem::convert(const QPointer<PlayerLayerItem>& self,
+                              const std::shared_ptr<NewestFrame>& newest) {
+    DispatchQueue::global(QualityOfService::UserInitiated).async([self, newest] {
+        const std::optional<QVideoFrame> frame = newest->take();
+        if (!frame)
+            return;
+        DispatchQueue::main().async([self, newest, picture = framePicture(*frame)] {
+            if (!self)
+                return;
+            self->show(picture);
+            convert(self, newest);
+        });
+    });
 }
 
 void PlayerLayerItem::show(const QImage& picture) {

@@ -32,13 +32,14 @@ signals:
     void playerLayerChanged();
 
 private:
-    class NewestPicture;
+    class NewestFrame;
 
     void follow(QVideoSink& sink);
+    static void convert(const QPointer<PlayerLayerItem>& self, const std::shared_ptr<NewestFrame>& newest);
     void show(const QImage& picture);
 
     QPointer<AVPlayerLayer> m_layer;
-    std::shared_ptr<NewestPicture> m_newest;
+    std::shared_ptr<NewestFrame> m_newest;
     QImage m_picture;
 };
 
