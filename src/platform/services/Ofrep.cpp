@@ -36,7 +36,7 @@ tl::expected<RemoteValues, ServiceError> Ofrep::flags(const QByteArray& body) {
     if (!list.isArray())
         return tl::unexpected(malformed(QStringLiteral("no list of flags")));
     RemoteValues values;
-    for (const QJsonValue& flag : list.toArray()) {
+    for (const QJsonValue flag : list.toArray()) {
         const QJsonValue key = flag[QLatin1StringView("key")];
         const bool isEvaluated = !ExactJson::text(flag[errorCodeKey]);
         if (ExactJson::isString(key) && isEvaluated)
