@@ -22,13 +22,15 @@ Screen {
         App.PlayerLayerItem {
             anchors.fill: parent
             playerLayer: screen.controller.playerLayer
+        }
+        MouseArea {
+            anchors.fill: parent
+            // Controls that are not seen are not pressed, except by those who hear them.
+            z: controls.isShown ? 0 : 1
+            onClicked: screen.controller.pictureTapped()
             Accessible.role: Accessible.Button
             Accessible.name: "Video"
             Accessible.onPressAction: screen.controller.pictureTapped()
-
-            TapHandler {
-                onTapped: screen.controller.pictureTapped()
-            }
         }
         Column {
             anchors.centerIn: parent
@@ -42,31 +44,36 @@ Screen {
                 color: Theme.playerNote
                 size: Theme.playerMark
             }
-            StyledText {
+            SpokenText {
                 width: parent.width
                 horizontalAlignment: Text.AlignHCenter
                 text: "This video cannot be played"
                 textStyle: Theme.heading
                 color: Theme.pictureInk
                 Accessible.role: Accessible.Heading
-                Accessible.name: text
             }
-            StyledText {
+            SpokenText {
                 width: parent.width
                 horizontalAlignment: Text.AlignHCenter
                 text: screen.controller.errorLabel.text
                 textStyle: Theme.message
                 color: Theme.playerNote
-                Accessible.role: Accessible.StaticText
-                Accessible.name: text
             }
         }
         FocusScope {
             id: controls
 
-            anchors.fill: parent
             // What the keyboard is on does not vanish.
-            visible: !screen.controller.controlsView.isHidden || activeFocus
+            readonly property bool isShown: !screen.controller.controlsView.isHidden || activeFocus
+
+            anchors.fill: parent
+            opacity: isShown ? 1 : 0
+
+            Behavior on opacity {
+                NumberAnimation {
+                    duration: Theme.picture
+                }
+            }
 
             Scrim {}
             Scrim {
@@ -85,7 +92,7 @@ Screen {
                 label: "Close"
                 onClicked: screen.controller.closeTapped()
             }
-            StyledText {
+            SpokenText {
                 anchors.left: close.right
                 anchors.right: turn.left
                 anchors.verticalCenter: close.verticalCenter
@@ -128,7 +135,7 @@ Screen {
                     to: screen.controller.positionSlider.maximumValue
                     value: screen.controller.positionSlider.value
                     onPressedChanged: screen.controller.scrubbingChanged(pressed)
-                    onMoved: screen.controller.positionMoved(value)
+                    onValueChanged: screen.controller.positionMoved(value)
                 }
                 Item {
                     width: parent.width

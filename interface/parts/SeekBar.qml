@@ -2,8 +2,8 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// Where in a video the user is, and a knob to go elsewhere: `value` seconds of `to`, `moved` by the user. `label` is
-/// what it is called for those who hear it.
+/// Where in a video the user is, and a knob to go elsewhere: `value` seconds of `to`. `label` is what it is called for
+/// those who hear it.
 T.Slider {
     id: control
 

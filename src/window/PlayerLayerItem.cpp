@@ -5,39 +5,12 @@
 #include "window/FramePicture.h"
 
 #include <QPainter>
-#include <QVideoFrame>
 #include <QVideoSink>
-#include <mutex>
-#include <optional>
 #include <utility>
 
 namespace reelsmith {
 
-/// The way from the player's thread to this one: what comes too fast is passed over, so that nothing piles
-/// up.
-class PlayerLayerItem::NewestFrame {
-public:
-    /// Answers whether somebody must take it.
-    bool put(const QVideoFrame& frame) {
-        const std::lock_guard lock(m_mutex);
-        m_frame = frame;
-        return !std::exchange(m_isTaken, true);
-    }
-    /// Who has taken one comes back for the next, until there is none.
-    std::optional<QVideoFrame> take() {
-        const std::lock_guard lock(m_mutex);
-        m_isTaken = m_frame.has_value();
-        return std::exchange(m_frame, std::nullopt);
-    }
-
-private:
-    std::mutex m_mutex;
-    std::optional<QVideoFrame> m_frame;
-    bool m_isTaken = false;
-};
-
-PlayerLayerItem::PlayerLayerItem(QQuickItem* parent)
-    : QQuickPaintedItem(parent), m_newest(std::make_shared<NewestFrame>()) {
+PlayerLayerItem::PlayerLayerItem(QQuickItem* parent) : QQuickPaintedItem(parent) {
     setOpaquePainting(true);
 }
 
@@ -53,33 +26,38 @@ void PlayerLayerItem::setPlayerLayer(AVPlayerLayer* layer) {
 }
 
 void PlayerLayerItem::follow(QVideoSink& sink) {
-    const auto keep = [self = QPointer(this), newest = m_newest](const QVideoFrame& frame) {
-        if (frame.isValid() && newest->put(frame))
-            convert(self, newest);
-    };
-    connect(&sink, &QVideoSink::videoFrameChanged, this, keep, Qt::DirectConnection);
+    connect(&sink, &QVideoSink::videoFrameChanged, this, &PlayerLayerItem::take);
+    // What stands still may have handed out its picture before.
+    take(sink.videoFrame());
 }
 
-// The way from a frame to a picture is long. The player's own thread must not go it: while it does, the
-// player cannot be told anything, and whoever tries waits.
-void PlayerLayerItem::convert(const QPointer<PlayerLayerItem>& self,
-                              const std::shared_ptr<NewestFrame>& newest) {
-    DispatchQueue::global(QualityOfService::UserInitiated).async([self, newest] {
-        const std::optional<QVideoFrame> frame = newest->take();
-        if (!frame)
-            return;
-        DispatchQueue::main().async([self, newest, picture = framePicture(*frame)] {
-            if (!self)
-                return;
-            self->show(picture);
-            convert(self, newest);
+// What comes too fast is passed over, so that nothing piles up.
+void PlayerLayerItem::take(const QVideoFrame& frame) {
+    if (!frame.isValid())
+        return;
+    m_next = frame;
+    if (!m_isConverting)
+        convert();
+}
+
+// The way from a frame to a picture is long.
+void PlayerLayerItem::convert() {
+    m_isConverting = true;
+    DispatchQueue::global(QualityOfService::UserInitiated)
+        .async([self = QPointer(this), frame = std::exchange(m_next, {})] {
+            DispatchQueue::main().async([self, picture = framePicture(frame)] {
+                if (self)
+                    self->show(picture);
+            });
         });
-    });
 }
 
 void PlayerLayerItem::show(const QImage& picture) {
     m_picture = picture;
     update();
+    m_isConverting = false;
+    if (m_next.isValid())
+        convert();
 }
 
 void PlayerLayerItem::paint(QPainter* painter) {

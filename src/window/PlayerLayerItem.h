@@ -6,8 +6,8 @@
 #include <QImage>
 #include <QPointer>
 #include <QQuickPaintedItem>
+#include <QVideoFrame>
 #include <QtQml/qqmlregistration.h>
-#include <memory>
 
 class QVideoSink;
 
@@ -32,14 +32,14 @@ signals:
     void playerLayerChanged();
 
 private:
-    class NewestFrame;
-
     void follow(QVideoSink& sink);
-    static void convert(const QPointer<PlayerLayerItem>& self, const std::shared_ptr<NewestFrame>& newest);
+    void take(const QVideoFrame& frame);
+    void convert();
     void show(const QImage& picture);
 
     QPointer<AVPlayerLayer> m_layer;
-    std::shared_ptr<NewestFrame> m_newest;
+    QVideoFrame m_next; // the newest, while an earlier one is being converted; else none
+    bool m_isConverting = false;
     QImage m_picture;
 };
 

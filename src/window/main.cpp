@@ -3,6 +3,7 @@
 #include "platform/foundation/URLs.h"
 #include "platform/linux/SingleInstance.h"
 #include "platform/linux/multimedia/MultimediaPlayback.h"
+#include "platform/linux/multimedia/SoundServer.h"
 #include "platform/linux/network/NetworkHTTPClient.h"
 #include "platform/linux/network/NetworkServices.h"
 #include "window/WindowApplication.h"
@@ -50,6 +51,7 @@ int run(int argc, char** argv) {
     if (instance.claim(files) == SingleInstance::Role::Forwarded)
         return 0;
     AVPlayer::setPlaybackFactory([] { return std::make_unique<MultimediaPlayback>(); });
+    AVAudioSession::sharedInstance().setServer(std::make_unique<SoundServer>());
     const NetworkServices services;
     WindowApplication reelsmith(LinuxPlatform(WindowApplication::id), std::make_shared<NetworkHTTPClient>(),
                                 services.backends());

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "TestApplication.h"
 
+#include "fakes/ScriptedPlayback.h"
 #include "library/VideoPlayer.h"
 #include "platform/linux/multimedia/MultimediaPlayback.h"
 #include "platform/screens/AVPlayerViewController.h"
 
 #include <QDir>
 #include <QProcess>
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace reelsmith {
@@ -50,6 +52,12 @@ protected:
         });
     }
 
+    bool isVisible(const QString& control) {
+        return std::ranges::any_of(
+            visibleItems(m_application.frontItem()),
+            [&control](const QQuickItem* item) { return item->property("label") == control; });
+    }
+
     QString m_seen;
     TestApplication m_application;
 };
@@ -84,6 +92,52 @@ TEST_F(PlayerScreen, BeginsPausedSeeksAndStopsAtTheLastPictureFromWhichItStartsO
     m_application.press(Qt::Key_Escape);
     m_application.settle();
     EXPECT_EQ(&m_application.frontScreen(), &m_application.root());
+}
+
+TEST_F(PlayerScreen, SaysWhyAFileCannotBePlayed) {
+    AVPlayerViewController& player =
+        open(QUrl::fromLocalFile(homeFile("Documents/Reelsmith/outputs/Text.mp4", "text")));
+    EXPECT_EQ(player.errorLabel()->text(), "Could not open file");
+    EXPECT_FALSE(isVisible("Play") || isVisible("Position"));
+    EXPECT_FALSE(player.player()->state().isPlaying);
+    m_application.press(Qt::Key_Space);
+    m_application.press(Qt::Key_Right);
+    m_application.tap("Close");
+    m_application.settle();
+    EXPECT_EQ(&m_application.frontScreen(), &m_application.root());
+}
+
+TEST_F(PlayerScreen, LeavesTheVideoAloneUntilItIsTouchedOrTheKeyboardIsUsed) {
+    AVPlayer::setPlaybackFactory([] { return std::make_unique<ScriptedPlayback>(); });
+    AVPlayerViewController& player = open(QUrl("file:///Summer.mp4"));
+    player.setControlsTime(std::chrono::milliseconds(1));
+    const QPointF close = sceneRectangle(m_application.control("Close")).center();
+    const auto areHidden = [this] { return !isVisible("Close") && !isVisible("Pause"); };
+    m_application.tap("Play");
+    EXPECT_TRUE(runLoopUntil(areHidden));
+    player.setControlsTime(std::chrono::hours(1));
+    m_application.tapAt(close);
+    EXPECT_TRUE(runLoopUntil([this] { return isVisible("Close"); }));
+    m_application.tapAt(close + QPointF(0, 100));
+    EXPECT_TRUE(runLoopUntil(areHidden));
+    m_application.press(Qt::Key_Tab);
+    EXPECT_TRUE(isVisible("Close"));
+    player.pictureTapped();
+    EXPECT_TRUE(isVisible("Close"));
+    EXPECT_EQ(&m_application.frontScreen(), &player);
+}
+
+TEST_F(PlayerScreen, LiesOnItsSideUntilItGoes) {
+    AVPlayer::setPlaybackFactory([] { return std::make_unique<ScriptedPlayback>(); });
+    const auto closeIsAt = [this] { return sceneRectangle(m_application.control("Close")).center(); };
+    open(QUrl("file:///Summer.mp4"));
+    EXPECT_EQ(closeIsAt(), QPointF(32, 32));
+    m_application.tap("Turn");
+    EXPECT_EQ(closeIsAt(), QPointF(390 - 32, 32));
+    m_application.tap("Close");
+    m_application.settle();
+    open(QUrl("file:///Summer.mp4"));
+    EXPECT_EQ(closeIsAt(), QPointF(32, 32));
 }
 
 } // namespace

@@ -88,9 +88,9 @@ bool AVPlayerViewController::canPlay() const {
 void AVPlayerViewController::refresh() {
     m_positionLabel.setText(timeText(state().position));
     m_durationLabel.setText(timeText(state().duration));
+    m_positionSlider.setEnabled(state().duration.count() > 0);
     m_positionSlider.setMaximumValue(inSeconds(state().duration));
     m_positionSlider.setValue(inSeconds(state().position));
-    m_positionSlider.setEnabled(state().duration.count() > 0);
     m_soundButton.setHidden(!state().hasSound);
     m_errorLabel.setText(state().error);
     if (std::exchange(m_wasPlaying, isPlaying()) != isPlaying())
@@ -152,7 +152,8 @@ void AVPlayerViewController::scrubbingChanged(bool isScrubbing) {
 }
 
 void AVPlayerViewController::positionMoved(qreal position) {
-    seek(milliseconds(qRound64(position * 1000)));
+    if (position != m_positionSlider.value() && m_positionSlider.isEnabled())
+        seek(milliseconds(qRound64(position * 1000)));
 }
 
 void AVPlayerViewController::skip(milliseconds distance) {

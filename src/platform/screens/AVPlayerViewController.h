@@ -59,6 +59,7 @@ public:
     Q_INVOKABLE void pictureTapped();
     /// The knob of the slider has been taken, or let go: between them the video waits.
     Q_INVOKABLE void scrubbingChanged(bool isScrubbing);
+    /// The slider has this value, which may be what it was given here.
     Q_INVOKABLE void positionMoved(qreal seconds);
     /// Answers whether the key, one of Qt::Key, was for the player; any key shows the controls.
     Q_INVOKABLE bool keyPressed(int key);

@@ -14,7 +14,10 @@ using std::chrono::milliseconds;
 
 MultimediaPlayback::MultimediaPlayback() {
     // A player that gets its sink only while it plays hands out no pictures.
-    m_player.setVideoSink(&m_sink);
+    m_player.setVideoSink(&m_decoded);
+    // The player holds its lock while it hands out a picture: nobody may linger over one there.
+    QObject::connect(&m_decoded, &QVideoSink::videoFrameChanged, &m_output, &QVideoSink::setVideoFrame,
+                     Qt::QueuedConnection);
     const auto refresh = [this] { this->refresh(); };
     QObject::connect(&m_player, &QMediaPlayer::playbackStateChanged, &m_player, refresh);
     QObject::connect(&m_player, &QMediaPlayer::positionChanged, &m_player, refresh);
@@ -42,17 +45,15 @@ void MultimediaPlayback::seek(const CMTime& time) {
     if (!canPlay())
         return;
     const qint64 target = std::clamp<qint64>(qRound64(time.seconds() * 1000), 0, lastPicture());
-    if (!isReadToEnd()) {
+    if (isReadToEnd()) {
+        const bool wasPlaying = state().isPlaying;
+        reopen();
         m_player.setPosition(target);
-        return;
+        wasPlaying ? m_player.play() : m_player.pause();
+    } else {
+        m_player.setPosition(target);
     }
-    const bool wasPlaying = state().isPlaying;
-    reopen();
-    m_player.setPosition(target);
-    if (wasPlaying)
-        m_player.play();
-    else
-        m_player.pause();
+    refresh();
 }
 
 // Once the engine has read the last of a file it hands out nothing from anywhere else. It reads ahead: what a

@@ -12,8 +12,8 @@ class QMediaDevices;
 
 namespace reelsmith {
 
-/// Plays with Qt Multimedia, with sound as long as there is a device for it. Its output is a QVideoSink. Main
-/// thread.
+/// Plays with Qt Multimedia, with sound as long as there is a device for it. Its output is a QVideoSink of the
+/// main thread. Main thread.
 class MultimediaPlayback : public VideoPlayback {
 public:
     /// Has Qt Multimedia play with FFmpeg. To be called first in main(), before there are other threads.
@@ -27,7 +27,7 @@ public:
     void play() override;
     void pause() override;
     void setMuted(bool isMuted) override;
-    QObject* output() override { return &m_sink; }
+    QObject* output() override { return &m_output; }
 
 private:
     bool canPlay() const { return state().error.isEmpty(); }
@@ -42,7 +42,8 @@ private:
     void refresh();
     void fail(const QString& text);
 
-    QVideoSink m_sink;
+    QVideoSink m_decoded; // the player's own thread is at work on it
+    QVideoSink m_output;
     std::unique_ptr<QMediaDevices> m_devices;
     std::unique_ptr<QAudioOutput> m_sound; // outlives what plays on it
     QMediaPlayer m_player;
