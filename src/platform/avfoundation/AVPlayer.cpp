@@ -29,6 +29,13 @@ void AVPlayer::replaceCurrentItem(const AVPlayerItem& item) {
     m_playback->setSource(item.url);
 }
 
+void AVPlayer::play() {
+    const bool startsOver = state().isAtEnd();
+    m_playback->play();
+    if (startsOver)
+        emit sought();
+}
+
 void AVPlayer::seek(const CMTime& time) {
     m_playback->seek(time);
     emit sought();

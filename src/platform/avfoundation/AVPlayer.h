@@ -33,7 +33,7 @@ public:
 
     // As VideoPlayback says.
     void seek(const CMTime& time);
-    void play() { m_playback->play(); }
+    void play();
     void pause() { m_playback->pause(); }
     void setMuted(bool isMuted) { m_playback->setMuted(isMuted); }
     const PlaybackState& state() const { return m_playback->state(); }
@@ -44,7 +44,7 @@ public:
 signals:
     /// The state is another.
     void changed();
-    /// Somebody has sought.
+    /// It goes on from somewhere else.
     void sought();
 
 private:

@@ -10,6 +10,7 @@
 #include "platform/linux/PortalMailDrafts.h"
 #include "platform/linux/PortalNotifications.h"
 #include "platform/linux/ShellKeyboard.h"
+#include "platform/linux/mpris/MprisNowPlaying.h"
 #include "platform/linux/sharing/DesktopFileSharing.h"
 
 #include <utility>
@@ -38,6 +39,7 @@ LinuxPlatform::LinuxPlatform(const QString& applicationId) {
     services.documentChooser = std::make_unique<PortalDocumentChooser>(session);
     services.fileSharing = std::make_unique<DesktopFileSharing>(session);
     services.mailDrafts = std::make_unique<PortalMailDrafts>(session, linkOpener);
+    services.nowPlaying = std::make_unique<MprisNowPlaying>(session, applicationId);
     services.storePage = std::make_unique<AppStreamPage>(linkOpener, applicationId);
 }
 
