@@ -7,10 +7,23 @@
 #include <QMediaMetaData>
 #include <QtMath>
 #include <algorithm>
+#include <malloc.h>
 
 namespace reelsmith {
 
 using std::chrono::milliseconds;
+
+void MultimediaPlayback::chooseEngine() {
+    qputenv("QT_MEDIA_BACKEND", "ffmpeg");
+#ifdef __GLIBC__
+    // It has many threads that take large blocks, of which the C library would keep some for each of them: in
+    // time hundreds of megabytes.
+    constexpr int pools = 2;
+    constexpr int keptBytes = 128 * 1024;
+    mallopt(M_ARENA_MAX, pools);
+    mallopt(M_TRIM_THRESHOLD, keptBytes);
+#endif
+}
 
 MultimediaPlayback::MultimediaPlayback() {
     // A player that gets its sink only while it plays hands out no pictures.

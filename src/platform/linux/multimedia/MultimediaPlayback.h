@@ -12,12 +12,13 @@ class QMediaDevices;
 
 namespace reelsmith {
 
-/// Plays with Qt Multimedia, with sound as long as there is a device for it. Its output is a QVideoSink of the
-/// main thread. Main thread.
+/// Plays with Qt Multimedia, with sound as long as there is a device for it. Its output is a QVideoSink of
+/// the main thread. Main thread.
 class MultimediaPlayback : public VideoPlayback {
 public:
-    /// Has Qt Multimedia play with FFmpeg. To be called first in main(), before there are other threads.
-    static void chooseEngine() { qputenv("QT_MEDIA_BACKEND", "ffmpeg"); }
+    /// Has Qt Multimedia play with FFmpeg, and give its memory back. To be called first in main(), before
+    /// there are other threads.
+    static void chooseEngine();
 
     MultimediaPlayback();
     ~MultimediaPlayback() override;
