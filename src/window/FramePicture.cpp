@@ -4,6 +4,7 @@
 #include <QTransform>
 #include <QVideoFrame>
 #include <algorithm>
+#include <vector>
 
 namespace reelsmith {
 
@@ -50,24 +51,34 @@ Conversion conversion(const QVideoFrameFormat& format) {
             fixed(difference * 2 * (1 - blue))};
 }
 
-/// Where the differences of a row are: each serves two pixels, and is so far from the next.
-struct Differences {
-    const uchar* u;
-    const uchar* v;
-    int step;
+/// What the colour differences add to the red, green and blue of each pixel of two rows.
+struct Tints {
+    std::vector<int> red, green, blue;
 };
 
-void convertRow(const uchar* luma, const Differences& chroma, int width, const Conversion& by, QRgb* pixels) {
-    constexpr int half = 1 << (fractionBits - 1);
+/// Reads those of a row; each serves two pixels, and samples of either difference are `step` apart.
+void readTints(const uchar* u, const uchar* v, int step, const Conversion& by, Tints& tints) {
+    constexpr int half = 1 << (fractionBits - 1); // so that what follows rounds
+    for (std::size_t x = 0; x < tints.red.size(); ++x) {
+        const int du = u[static_cast<int>(x / 2) * step] - 128;
+        const int dv = v[static_cast<int>(x / 2) * step] - 128;
+        tints.red[x] = dv * by.redOfV + half;
+        tints.green[x] = du * by.greenOfU + dv * by.greenOfV + half;
+        tints.blue[x] = du * by.blueOfU + half;
+    }
+}
+
+void convertRow(const uchar* luma, const Tints& tints, const Conversion& by, QRgb* pixels) {
+    const int* const red = tints.red.data();
+    const int* const green = tints.green.data();
+    const int* const blue = tints.blue.data();
     const auto level = [](int value) {
         return static_cast<unsigned>(std::clamp(value >> fractionBits, 0, 255));
     };
-    for (int x = 0; x < width; ++x) {
-        const int bright = (luma[x] - by.black) * by.brightness + half;
-        const int u = chroma.u[x / 2 * chroma.step] - 128;
-        const int v = chroma.v[x / 2 * chroma.step] - 128;
-        pixels[x] = 0xFF000000U | level(bright + v * by.redOfV) << 16 |
-                    level(bright + u * by.greenOfU + v * by.greenOfV) << 8 | level(bright + u * by.blueOfU);
+    for (std::size_t x = 0; x < tints.red.size(); ++x) {
+        const int bright = (luma[x] - by.black) * by.brightness;
+        pixels[x] = 0xFF000000U | level(bright + red[x]) << 16 | level(bright + green[x]) << 8 |
+                    level(bright + blue[x]);
     }
 }
 
@@ -80,11 +91,15 @@ QImage converted(const QVideoFrame& frame) {
     const bool isPlanar = frame.pixelFormat() == QVideoFrameFormat::Format_YUV420P;
     const Conversion by = conversion(frame.surfaceFormat());
     QImage picture(frame.size(), QImage::Format_RGB32);
+    const std::vector<int> row(static_cast<std::size_t>(picture.width()));
+    Tints tints{row, row, row};
     for (int y = 0; y < picture.height(); ++y) {
-        const uchar* const u = frame.bits(1) + y / 2 * frame.bytesPerLine(1);
-        const Differences chroma = isPlanar ? Differences{u, frame.bits(2) + y / 2 * frame.bytesPerLine(2), 1}
-                                            : Differences{u, u + 1, 2};
-        convertRow(frame.bits(0) + y * frame.bytesPerLine(0), chroma, picture.width(), by,
+        if (y % 2 == 0) {
+            const uchar* const u = frame.bits(1) + y / 2 * frame.bytesPerLine(1);
+            const uchar* const v = isPlanar ? frame.bits(2) + y / 2 * frame.bytesPerLine(2) : u + 1;
+            readTints(u, v, isPlanar ? 1 : 2, by, tints);
+        }
+        convertRow(frame.bits(0) + y * frame.bytesPerLine(0), tints, by,
                    reinterpret_cast<QRgb*>(picture.scanLine(y)));
     }
     return picture;
