@@ -6,8 +6,9 @@
 """
 from application import HOME, OUTPUTS, SETTINGS, ApplicationTest, forget_everything, make_video, run, write_settings
 from collector import Collector, records
-from desktop import find, gone, key, press, until
+from desktop import find, gone, key, press, type_text, until
 from flag_server import FlagServer
+import web_server
 from x11 import Display
 
 PAGES = (("Welcome to Reelsmith", "Continue"), ("Convert using your phone", "Continue"),
@@ -126,6 +127,33 @@ class Library(ApplicationTest):
         until(lambda: self.measured, "what is measured arrives")
         self.assertEqual(self.measured, ["deleted_video"])
 
+    def download(self, address):
+        press("Web address", "push button")
+        press("Web address of a video", "text")
+        type_text(address)
+        press("Download", "push button")
+
+    def dismiss_failure(self):
+        find("Conversion Failed", "alert")
+        press("ok", "push button")
+        gone("Conversion Failed")
+
+    def test_what_fails_is_measured_too(self):
+        write_settings(DID_SHOW_ONBOARDING="true")
+        server = web_server.start()
+        self.addCleanup(server.server_close)
+        self.addCleanup(server.shutdown)
+        self.start_window(**self.services)
+        self.download("http://127.0.0.1:1/nobody/listens.mp4")
+        self.dismiss_failure()
+        self.download(f"http://127.0.0.1:{server.server_port}/status/404/film.mp4")
+        press("Convert", "push button")
+        self.dismiss_failure()
+        open_tab("Settings")
+        press("More apps by the maker")
+        until(lambda: "developer_tapped" in self.measured, "the last event arrives")
+        self.assertEqual(self.measured,
+                         ["download_failure", "download_success", "converted_failure", "developer_tapped"])
 
 
 if __name__ == "__main__":
