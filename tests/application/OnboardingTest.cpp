@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Support.h"
 
-#include "app/AppDelegate.h"
-#include "app/MainTabBarController.h"
 #include "settings/OnboardingViewControllerV2.h"
 #include "settings/UserSettings.h"
 
@@ -35,10 +33,9 @@ private:
 };
 
 /// A first start, before anything is done.
-class Onboarding : public ApplicationTest {
+class Onboarding : public WholeApplicationTest {
 protected:
     Onboarding() {
-        UserSettings::shared().setSendUsageData(true);
         UserSettings::shared().setDidShowOnboarding(false);
         AVPlayer::setPlaybackFactory([this] { return std::make_unique<NotedPlayback>(m_played); });
         UIImpactFeedbackGenerator::setHaptics(std::make_unique<CountedHaptics>(m_impacts));
@@ -48,19 +45,8 @@ protected:
         UIImpactFeedbackGenerator::setHaptics(std::make_unique<Haptics>());
     }
 
-    template<typename Screen>
-    Screen* root() {
-        return qobject_cast<Screen*>(m_delegate.window()->rootViewController());
-    }
-    qsizetype tutorialCount() const {
-        const InMemoryAnalytics::Event started{u"started_tutorial"_s, std::nullopt};
-        return m_services.analytics->state().events.count(started);
-    }
-
     QStringList m_played;
     int m_impacts = 0;
-    AppDelegate m_delegate{std::make_unique<UIWindow>(),
-                           {m_services.remoteConfig, m_services.installations, m_services.analytics}};
 };
 
 } // namespace
@@ -77,22 +63,20 @@ TEST_F(Onboarding, ThreeTapsLeadFromTheFirstPageToTheTabBar) {
         {u"Multiple quality options"_s, u"Achieve the perfect balance between image quality and file sizes"_s,
          u"Start"_s, u"intro2.mp4"_s},
     };
-    m_delegate.didFinishLaunchingWithOptions();
-    ASSERT_TRUE(runLoopUntil([this] { return m_console.lines().contains(u"Fetched remote settings"_s); }));
-    auto* screen = root<OnboardingViewControllerV2>();
-    ASSERT_NE(screen, nullptr);
-    EXPECT_EQ(screen->playerLayer()->videoGravity(), AVPlayerLayer::VideoGravity::ResizeAspectFill);
+    launch();
+    auto& screen = await<OnboardingViewControllerV2>();
+    EXPECT_EQ(screen.playerLayer()->videoGravity(), AVPlayerLayer::VideoGravity::ResizeAspectFill);
     for (const Page& page : pages) {
-        EXPECT_EQ(screen->titleLabel()->text(), page.title);
-        EXPECT_EQ(screen->descriptionLabel()->text(), page.message);
-        EXPECT_EQ(screen->continueButton()->title(), page.button);
+        EXPECT_EQ(screen.titleLabel()->text(), page.title);
+        EXPECT_EQ(screen.descriptionLabel()->text(), page.message);
+        EXPECT_EQ(screen.continueButton()->title(), page.button);
         EXPECT_EQ(std::exchange(m_played, {}), (QStringList{page.video, u"0"_s, u"play"_s}));
-        screen->continueTapped();
+        screen.continueTapped();
     }
-    EXPECT_FALSE(screen->continueButton()->isEnabled());
-    screen->continueTapped(); // a double tap
+    EXPECT_FALSE(screen.continueButton()->isEnabled());
+    screen.continueTapped(); // a double tap
     EXPECT_EQ(m_impacts, 3);
-    ASSERT_TRUE(runLoopUntil([this] { return root<MainTabBarController>() != nullptr; }));
+    await<MainTabBarController>();
     EXPECT_EQ(m_console.lines().count(u"Instantiated videos vc with default"_s), 1);
     EXPECT_TRUE(m_played.isEmpty());
 }
@@ -100,13 +84,13 @@ TEST_F(Onboarding, ThreeTapsLeadFromTheFirstPageToTheTabBar) {
 TEST_F(Onboarding, CountsAsShownFromItsFirstAppearance) {
     m_delegate.didFinishLaunchingWithOptions();
     EXPECT_TRUE(UserSettings::shared().didShowOnboarding());
-    EXPECT_EQ(tutorialCount(), 1);
-    UIViewController& screen = *m_delegate.window()->rootViewController();
+    EXPECT_EQ(events().count(u"started_tutorial"_s), 1);
+    UIViewController& screen = *window().rootViewController();
     screen.beginAppearanceTransition(false);
     screen.endAppearanceTransition();
     screen.beginAppearanceTransition(true);
     screen.endAppearanceTransition();
-    EXPECT_EQ(tutorialCount(), 2);
+    EXPECT_EQ(events().count(u"started_tutorial"_s), 2);
 
     AppDelegate nextLaunch(std::make_unique<UIWindow>(), {});
     nextLaunch.didFinishLaunchingWithOptions();
@@ -117,5 +101,5 @@ TEST_F(Onboarding, WithoutConsentItIsShownButNotCounted) {
     UserSettings::shared().setSendUsageData(false);
     m_delegate.didFinishLaunchingWithOptions();
     EXPECT_TRUE(UserSettings::shared().didShowOnboarding());
-    EXPECT_EQ(tutorialCount(), 0);
+    EXPECT_EQ(events().count(u"started_tutorial"_s), 0);
 }

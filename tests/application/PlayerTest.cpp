@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Support.h"
 
-#include "app/AppDelegate.h"
 #include "fakes/ScriptedPlayback.h"
 #include "library/CustomPlayerVC.h"
 #include "library/VideoPlayer.h"
@@ -9,7 +8,6 @@
 #include "platform/screens/PlatformServices.h"
 #include "platform/uikit/UIApplication.h"
 #include "platform/uikit/UIDevice.h"
-#include "settings/UserSettings.h"
 
 using namespace reelsmith;
 using namespace Qt::StringLiterals;
@@ -36,18 +34,16 @@ struct ScreenLock : Inhibitor {
     bool& m_isHeld;
 };
 
-class Player : public ApplicationTest {
+class Player : public WholeApplicationTest {
 protected:
     Player() {
-        UserSettings::shared().setDidShowOnboarding(true);
         AVPlayer::setPlaybackFactory([] { return std::make_unique<ScriptedPlayback>(); });
         PlatformServices services;
         services.nowPlaying.reset(m_nowPlaying = new NowPlayingTwin);
         PlatformServices::install(std::move(services));
         UIApplication::shared().setDelegate(&m_delegate);
         UIApplication::shared().setIdleInhibitor(std::make_unique<ScreenLock>(m_isScreenKeptOn));
-        m_delegate.didFinishLaunchingWithOptions();
-        runLoopUntil([this] { return m_console.lines().contains(u"Fetched remote settings"_s); });
+        launch();
     }
     ~Player() override {
         AVPlayer::setPlaybackFactory([] { return std::make_unique<VideoPlayback>(); });
@@ -56,19 +52,13 @@ protected:
         PlatformServices::install({});
     }
 
-    UIWindow& window() { return *m_delegate.window(); }
-    bool settle() {
-        return runLoopUntil([this] { return window().presentations().isIdle(); });
-    }
-    CustomPlayerVC* play() {
-        VideoPlayer::play(inOutputs(u"Summer.mp4"_s), *window().rootViewController());
-        return settle() ? qobject_cast<CustomPlayerVC*>(window().frontmost()) : nullptr;
+    CustomPlayerVC& play() {
+        VideoPlayer::play(inOutputs(u"Summer.mp4"_s), tabs());
+        return await<CustomPlayerVC>();
     }
 
     NowPlayingTwin* m_nowPlaying;
     bool m_isScreenKeptOn = false;
-    AppDelegate m_delegate{std::make_unique<UIWindow>(),
-                           {m_services.remoteConfig, m_services.installations, m_services.analytics}};
 };
 
 } // namespace
@@ -80,61 +70,56 @@ TEST_F(Player, MayTurnAndHasTheSoundFromBeforeItIsPresentedUntilItBeginsToGo) {
         session.setServer(isRefused ? std::make_unique<RefusingServer>()
                                     : std::make_unique<AVAudioSession::Server>());
         EXPECT_EQ(m_delegate.supportedInterfaceOrientations(), UIInterfaceOrientationMask::Portrait);
-        VideoPlayer::play(inOutputs(u"Summer.mp4"_s), *window().rootViewController());
+        VideoPlayer::play(inOutputs(u"Summer.mp4"_s), tabs());
         EXPECT_EQ(m_delegate.supportedInterfaceOrientations(), UIInterfaceOrientationMask::All);
         EXPECT_EQ(session.isActive(), !isRefused);
         EXPECT_EQ(session.category() == AVAudioSessionCategory::Playback, !isRefused);
-        ASSERT_TRUE(settle());
-        auto* screen = qobject_cast<CustomPlayerVC*>(window().frontmost());
-        ASSERT_NE(screen, nullptr);
-        EXPECT_FALSE(screen->isPlaying());
-        screen->turnTapped();
+        auto& screen = await<CustomPlayerVC>();
+        EXPECT_FALSE(screen.isPlaying());
+        screen.turnTapped();
         EXPECT_TRUE(UIDevice::current().isLandscape());
-        screen->beginAppearanceTransition(false);
+        screen.beginAppearanceTransition(false);
         EXPECT_TRUE(m_delegate.restrictRotation());
         EXPECT_EQ(UIDevice::current().orientation(), UIDeviceOrientation::Portrait);
-        screen->closeTapped();
-        ASSERT_TRUE(settle());
+        screen.closeTapped();
+        ASSERT_TRUE(isAtHome());
         EXPECT_TRUE(m_delegate.restrictRotation());
     }
 }
 
 TEST_F(Player, PlaysAndKeepsTheScreenOnUntilItHasGone) {
-    CustomPlayerVC* screen = play();
-    ASSERT_NE(screen, nullptr);
-    EXPECT_EQ(m_nowPlaying->m_player, screen->player());
+    auto& screen = play();
+    EXPECT_EQ(m_nowPlaying->m_player, screen.player());
     EXPECT_FALSE(m_isScreenKeptOn);
-    screen->playPauseTapped();
+    screen.playPauseTapped();
     EXPECT_TRUE(m_isScreenKeptOn);
-    screen->beginAppearanceTransition(false);
-    EXPECT_TRUE(screen->isPlaying() && m_isScreenKeptOn && m_nowPlaying->m_player);
-    screen->endAppearanceTransition();
-    EXPECT_FALSE(screen->isPlaying() || m_isScreenKeptOn || m_nowPlaying->m_player);
-    screen->closeTapped();
-    EXPECT_TRUE(settle());
+    screen.beginAppearanceTransition(false);
+    EXPECT_TRUE(screen.isPlaying() && m_isScreenKeptOn && m_nowPlaying->m_player);
+    screen.endAppearanceTransition();
+    EXPECT_FALSE(screen.isPlaying() || m_isScreenKeptOn || m_nowPlaying->m_player);
+    screen.closeTapped();
+    EXPECT_TRUE(isAtHome());
 }
 
 TEST_F(Player, ItsControlsHideOnlyFromAVideoThatPlays) {
-    CustomPlayerVC* screen = play();
-    ASSERT_NE(screen, nullptr);
-    screen->setControlsTime(std::chrono::milliseconds(1));
-    const auto areHidden = [screen] { return screen->controlsView()->isHidden(); };
-    screen->pictureTapped();
+    auto& screen = play();
+    screen.setControlsTime(std::chrono::milliseconds(1));
+    const auto areHidden = [&screen] { return screen.controlsView()->isHidden(); };
+    screen.pictureTapped();
     EXPECT_FALSE(areHidden());
-    screen->playPauseTapped();
+    screen.playPauseTapped();
     EXPECT_TRUE(runLoopUntil(areHidden));
-    screen->setControlsTime(std::chrono::hours(1));
-    screen->pictureTapped();
+    screen.setControlsTime(std::chrono::hours(1));
+    screen.pictureTapped();
     EXPECT_FALSE(areHidden());
-    screen->pictureTapped();
+    screen.pictureTapped();
     EXPECT_TRUE(areHidden());
-    screen->playPauseTapped();
+    screen.playPauseTapped();
     EXPECT_FALSE(areHidden());
 }
 
 TEST_F(Player, IsSteeredByKeysAndByTheKnobForWhichItWaits) {
-    CustomPlayerVC* screen = play();
-    ASSERT_NE(screen, nullptr);
+    auto& screen = play();
     const struct {
         int key;
         bool isPlaying;
@@ -144,17 +129,17 @@ TEST_F(Player, IsSteeredByKeysAndByTheKnobForWhichItWaits) {
                  {Qt::Key_M, false, 5, true},     {Qt::Key_Space, true, 5, true},
                  {Qt::Key_Left, true, 0, true},   {Qt::Key_M, true, 0, false}};
     for (const auto& step : steps) {
-        EXPECT_TRUE(screen->keyPressed(step.key));
-        EXPECT_EQ(screen->isPlaying(), step.isPlaying);
-        EXPECT_EQ(screen->isMuted(), step.isMuted);
-        EXPECT_EQ(screen->positionLabel()->text(), u"00:0%1"_s.arg(step.seconds));
+        EXPECT_TRUE(screen.keyPressed(step.key));
+        EXPECT_EQ(screen.isPlaying(), step.isPlaying);
+        EXPECT_EQ(screen.isMuted(), step.isMuted);
+        EXPECT_EQ(screen.positionLabel()->text(), u"00:0%1"_s.arg(step.seconds));
     }
-    EXPECT_EQ(screen->durationLabel()->text(), u"01:00"_s);
-    EXPECT_FALSE(screen->keyPressed(Qt::Key_Tab));
-    screen->scrubbingChanged(true);
-    screen->positionMoved(70);
-    EXPECT_EQ(screen->player()->state().position, seconds(60));
-    EXPECT_TRUE(screen->isPlaying() && !screen->player()->state().isPlaying);
-    screen->scrubbingChanged(false);
-    EXPECT_TRUE(screen->player()->state().isPlaying);
+    EXPECT_EQ(screen.durationLabel()->text(), u"01:00"_s);
+    EXPECT_FALSE(screen.keyPressed(Qt::Key_Tab));
+    screen.scrubbingChanged(true);
+    screen.positionMoved(70);
+    EXPECT_EQ(screen.player()->state().position, seconds(60));
+    EXPECT_TRUE(screen.isPlaying() && !screen.player()->state().isPlaying);
+    screen.scrubbingChanged(false);
+    EXPECT_TRUE(screen.player()->state().isPlaying);
 }

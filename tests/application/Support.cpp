@@ -3,11 +3,15 @@
 
 #include "platform/foundation/DocumentsFolder.h"
 #include "platform/foundation/URLs.h"
+#include "platform/uikit/UIApplication.h"
+#include "settings/UserSettings.h"
 
 #include <QDir>
 #include <QFile>
 
 namespace reelsmith {
+
+using namespace Qt::StringLiterals;
 
 ApplicationTest::ApplicationTest() {
     std::filesystem::remove_all(filePath(documentsFolder()));
@@ -46,6 +50,35 @@ UIImage ApplicationTest::thumbnail(const QUrl& url) {
     EXPECT_FALSE(image);
     EXPECT_TRUE(runLoopUntil([&image] { return image.has_value(); }));
     return image.value_or(UIImage());
+}
+
+QStringList ApplicationTest::events() const {
+    QStringList names;
+    for (const auto& event : m_services.analytics->state().events)
+        names.append(event.name);
+    return names;
+}
+
+WholeApplicationTest::WholeApplicationTest() {
+    HTTPClient::setShared(m_web);
+    UserSettings::shared().setSendUsageData(true);
+    UserSettings::shared().setAchievedSuccess(false);
+    UserSettings::shared().setDidShowOnboarding(true);
+    UIApplication::shared().setKeyWindow(&window());
+}
+
+WholeApplicationTest::~WholeApplicationTest() {
+    HTTPClient::setShared(nullptr);
+    UIApplication::shared().setKeyWindow(nullptr);
+}
+
+void WholeApplicationTest::launch() {
+    m_delegate.didFinishLaunchingWithOptions();
+    EXPECT_TRUE(runLoopUntil([this] { return m_console.lines().contains(u"Fetched remote settings"_s); }));
+}
+
+bool WholeApplicationTest::isAtHome() {
+    return runLoopUntil([this] { return isIdle() && window().frontmost() == &tabs(); });
 }
 
 } // namespace reelsmith

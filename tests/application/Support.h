@@ -4,12 +4,16 @@
 #include "fakes/ConsoleCapture.h"
 #include "fakes/InMemoryServices.h"
 #include "fakes/RunLoop.h"
+#include "fakes/ScriptedHTTPClient.h"
 
+#include "app/AppDelegate.h"
+#include "app/MainTabBarController.h"
 #include "library/FileSystem.h"
 
 #include <QTemporaryDir>
 #include <functional>
 #include <gtest/gtest.h>
+#include <stdexcept>
 
 namespace reelsmith {
 
@@ -33,9 +37,45 @@ protected:
     /// The thumbnail that the library makes or keeps of a video.
     static UIImage thumbnail(const QUrl& url);
 
+    /// The names of the events that were logged.
+    QStringList events() const;
+
     QTemporaryDir m_folder;
     ConsoleCapture m_console;
     InMemoryServices& m_services = InMemoryServices::fresh();
+};
+
+/// A test of the application as the user has it, but that nothing is drawn and the web is scripted.
+class WholeApplicationTest : public ApplicationTest {
+protected:
+    WholeApplicationTest();
+    ~WholeApplicationTest() override;
+
+    /// To the end of its first fetch.
+    void launch();
+
+    UIWindow& window() { return *m_delegate.window(); }
+    MainTabBarController& tabs() {
+        return *qobject_cast<MainTabBarController*>(window().rootViewController());
+    }
+    bool isIdle() { return window().presentations().isIdle(); }
+    bool isAtHome();
+
+    /// The screen in front, once it is of this kind and takes input. Throws, which ends the test, if it never
+    /// is.
+    template<typename Screen>
+    Screen& await() {
+        Screen* found = nullptr;
+        const auto isInFront = [&] {
+            found = qobject_cast<Screen*>(window().frontmost());
+            return found != nullptr && isIdle() && !found->isBeingDismissed();
+        };
+        return runLoopUntil(isInFront) ? *found : throw std::runtime_error("another screen is in front");
+    }
+
+    std::shared_ptr<ScriptedHTTPClient> m_web = std::make_shared<ScriptedHTTPClient>();
+    AppDelegate m_delegate{std::make_unique<UIWindow>(),
+                           {m_services.remoteConfig, m_services.installations, m_services.analytics}};
 };
 
 } // namespace reelsmith
