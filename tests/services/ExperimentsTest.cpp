@@ -3,7 +3,6 @@
 #include "RemoteSettings/ABTests.h"
 #include "conversion/ConversionQuality.h"
 #include "platform/avfoundation/ExportPresets.h"
-#include "remote/ABTestManager.h"
 
 #include "fakes/ConsoleCapture.h"
 #include "fakes/InMemoryServices.h"
@@ -34,8 +33,8 @@ protected:
         return m_services.analytics->state().userProperties.value(u"participating_tests"_s);
     }
 
-    void setRemote(const QString& key, const QString& text) const {
-        m_services.remoteConfig->setState({.activated = {{key, text}}});
+    void setPassthrough(const QString& text) const {
+        m_services.remoteConfig->setState({.activated = {{u"enable_passthrough_preset"_s, text}}});
     }
 
     InMemoryServices& m_services = InMemoryServices::fresh();
@@ -44,13 +43,6 @@ protected:
 using ExperimentsDeathTest = ExperimentsTest;
 
 } // namespace
-
-TEST_F(ExperimentsTest, TheApplicationTakesPartInItsOneExperiment) {
-    const ConsoleCapture capture;
-    ABTestManager::shared().registerExperiments();
-    EXPECT_EQ(participation(), "|3|");
-    EXPECT_EQ(capture.lines(), QStringList{u"Compatible experiments: |3|"_s});
-}
 
 TEST_F(ExperimentsTest, ParticipationMayHave36CharactersAsAReaderCountsThem) {
     auto& tests = ABTests::shared();
@@ -73,15 +65,6 @@ TEST_F(ExperimentsDeathTest, MoreThan36CharactersStopTheProcessOnceTheyArePrinte
         registerTooMuch(),
         "Compatible experiments: \\|a{32}\\|aa\\|\n"
         "RemoteSettings/ABTests:32: Fatal error: Experiment keys can't have more than 36 characters");
-}
-
-TEST_F(ExperimentsTest, TheVariantIsTheRemoteTextOfThisMoment) {
-    const auto variant = [] { return ABTestManager::shared().variant<Experiments::newVideoLayout>(); };
-    EXPECT_EQ(variant(), "default");
-    setRemote(u"new_video_layout_test"_s, u"variant_a"_s);
-    EXPECT_EQ(variant(), "variant_a");
-    setRemote(u"new_video_layout_test"_s, u""_s);
-    EXPECT_EQ(variant(), "default");
 }
 
 TEST_F(ExperimentsTest, TheInstallationTokenIsRefreshedAndPrinted) {
@@ -110,9 +93,9 @@ TEST_F(ExperimentsTest, PassthroughMovesEachQualityAboveLowOneStepUp) {
                  {high, AVAssetExportPresetHighestQuality, AVAssetExportPresetPassthrough}};
     for (const auto& [quality, off, on] : cases) {
         const ConsoleCapture capture;
-        setRemote(u"enable_passthrough_preset"_s, u"yes"_s);
+        setPassthrough(u"yes"_s);
         EXPECT_EQ(exportPresetName(quality), off);
-        setRemote(u"enable_passthrough_preset"_s, u"1"_s);
+        setPassthrough(u"1"_s);
         EXPECT_EQ(exportPresetName(quality), on);
         EXPECT_EQ(capture.lines(),
                   (QStringList{u"Passthrough enabled: false"_s, u"Passthrough enabled: true"_s}));

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/foundation/Console.h"
 #include "platform/foundation/DispatchQueue.h"
-#include "platform/foundation/FatalError.h"
 
 #include "fakes/ConsoleCapture.h"
 
@@ -22,11 +21,6 @@ TEST(Console, PrintsUtf8LinesToStandardOutputUnlessASinkTakesThem) {
     }
     console(QString());
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "Zo\xC3\xAB\n\n");
-}
-
-TEST(FatalErrorDeathTest, NamesThePlaceAndStopsTheProcess) {
-    EXPECT_EXIT(fatalError("no such outlet", "app/Place", 7), testing::KilledBySignal(SIGABRT),
-                "^app/Place:7: Fatal error: no such outlet\n$");
 }
 
 TEST(DispatchQueue, MainRunsWorkInOrderOnTheApplicationsThreadAndNeverAtOnce) {

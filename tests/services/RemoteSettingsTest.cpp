@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "RemoteSettings/RemoteSettings.h"
 
-#include "platform/services/Unconfigured.h"
-
 #include "fakes/ConsoleCapture.h"
 #include "fakes/InMemoryRemoteConfig.h"
 
@@ -134,14 +132,4 @@ TEST_F(RemoteSettingsTest, WhatDoesNotFitTheTypeYieldsItsDefault) {
     EXPECT_EQ(remote<std::int8_t>(u"128"_s, 5), 5);
     EXPECT_EQ(remote<double>(u"7"_s, 0.5), 0.5);
     EXPECT_EQ(remote<unsigned>(u"7"_s, 5U), 5U);
-}
-
-TEST_F(RemoteSettingsTest, WithNothingConfiguredAFetchFailsAndDefaultsStand) {
-    m_settings = std::make_shared<RemoteSettings>(unconfiguredBackends().remoteConfig);
-    fetch();
-    EXPECT_EQ(m_console.lines(),
-              QStringList{u"Failed to fetch scenario: No remote configuration service is configured"_s});
-    EXPECT_TRUE(m_settings->isEnabled<Toggle<true>>());
-    m_settings->printRemoteConfigs();
-    EXPECT_EQ(m_console.lines().size(), 1);
 }

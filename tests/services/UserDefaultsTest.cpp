@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/foundation/UserDefaults.h"
 
+#include "settings/UserSettings.h"
+
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QFileInfo>
@@ -48,13 +50,18 @@ protected:
 
 } // namespace
 
-TEST_F(UserDefaultsTest, RegisteredDefaultsAnswerUntilAValueIsStoredAndAreNeverPersisted) {
-    m_defaults.registerDefaults({{key, true}, {QStringLiteral("Number"), 7}});
-    EXPECT_TRUE(m_defaults.boolForKey(key));
-    EXPECT_EQ(m_defaults.integerForKey(QStringLiteral("Number")), 7);
-    m_defaults.setBoolForKey(false, key);
-    EXPECT_FALSE(m_defaults.boolForKey(key));
-    EXPECT_EQ(stored(), "[General]\nKey=false\n");
+TEST_F(UserDefaultsTest, TheUsersSettingsAreKeptUnderTheirFixedKeysAndNoDefaultIs) {
+    UserSettings settings(m_defaults);
+    EXPECT_TRUE(settings.sendUsageData());
+    EXPECT_EQ(stored(), "");
+    settings.setSendUsageData(false);
+    EXPECT_FALSE(settings.sendUsageData());
+    for (int i = 0; i < 10; ++i)
+        settings.incrementConversionCount();
+    settings.setAchievedSuccess(true);
+    settings.setDidShowOnboarding(true);
+    EXPECT_EQ(stored(), "[General]\nACHIEVED_SUCCESS=true\nConversion_Count=10\n"
+                        "DID_SHOW_ONBOARDING=true\nSEND_USAGE_DATA=false\n");
 }
 
 TEST_F(UserDefaultsTest, ADamagedFileReadsAsEmptyAndTakesTheNextWrite) {
@@ -119,11 +126,6 @@ TEST_F(UserDefaultsTest, NoIncrementIsLostBetweenThreadsAndProcessesOnOneKeyOrOn
     }
     EXPECT_EQ(m_defaults.integerForKey(key), 100 + count);
     EXPECT_EQ(m_defaults.integerForKey(QStringLiteral("Other")), count);
-}
-
-TEST_F(UserDefaultsTest, StandardIsAFileInTheConfigurationFolder) {
-    UserDefaults::standard().setBoolForKey(true, key);
-    EXPECT_TRUE(QFile::exists(qEnvironmentVariable("XDG_CONFIG_HOME") + "/reelsmith/reelsmith.conf"));
 }
 
 using UserDefaultsDeathTest = UserDefaultsTest;
