@@ -28,18 +28,52 @@ public:
         DispatchQueue reportsOn = DispatchQueue::global(QualityOfService::UserInitiated))
         : m_reportsOn(reportsOn) {}
 
-    void setState(const State& state);
-    int requestCount() const;
+    void setState(const State& state) {
+        const std::lock_guard lock(m_mutex);
+        m_state = state;
+    }
+    int requestCount() const {
+        const std::lock_guard lock(m_mutex);
+        return m_state.requestCount;
+    }
 
     void fetchWithExpirationDuration(std::chrono::seconds expirationDuration,
-                                     FetchCompletion completion) override;
-    void activateWithCompletion(ActivateCompletion completion) override;
-    std::optional<QString> stringValueForKey(const QString& key) const override;
-    QSet<QString> keysWithPrefix(const QString& prefix) const override;
+                                     FetchCompletion completion) override {
+        using enum RemoteConfigFetchStatus;
+        const std::lock_guard lock(m_mutex);
+        const bool isNeeded = m_state.age.value_or(expirationDuration) >= expirationDuration;
+        const auto status = isNeeded ? m_state.fetchStatus : Success;
+        const auto error = isNeeded ? m_state.fetchError : std::nullopt;
+        m_state.requestCount += isNeeded;
+        if (isNeeded && status == Success && !error) {
+            m_state.fetched = m_state.server;
+            m_state.age = std::chrono::seconds::zero();
+        }
+        m_reportsOn.async([completion, status, error] { completion(status, error); });
+    }
+
+    void activateWithCompletion(ActivateCompletion completion) override {
+        const std::lock_guard lock(m_mutex);
+        const bool changed = !m_state.activationError && m_state.activated != m_state.fetched;
+        if (changed)
+            m_state.activated = m_state.fetched;
+        m_reportsOn.async(
+            [completion, changed, error = m_state.activationError] { completion(changed, error); });
+    }
+
+    std::optional<QString> stringValueForKey(const QString& key) const override {
+        const std::lock_guard lock(m_mutex);
+        return m_state.activated.value(key);
+    }
+
+    QSet<QString> keysWithPrefix(const QString& prefix) const override {
+        const std::lock_guard lock(m_mutex);
+        QStringList keys = m_state.activated.keys();
+        keys.removeIf([&prefix](const QString& key) { return !key.startsWith(prefix); });
+        return {keys.begin(), keys.end()};
+    }
 
 private:
-    void fetchFromServer();
-
     const DispatchQueue m_reportsOn;
     mutable std::mutex m_mutex;
     State m_state;

@@ -22,9 +22,7 @@ struct InMemoryServices {
         static InMemoryServices services;
         Services::configure({services.remoteConfig, services.installations, services.analytics});
         services.remoteConfig->setState({});
-        services.installations->token.reset();
-        services.installations->error.reset();
-        services.installations->refreshCount = 0;
+        *services.installations = {};
         services.analytics->reset();
         return services;
     }
