@@ -4,11 +4,8 @@
 #include "platform/linux/sharing/DesktopFileSharing.h"
 #include "platform/linux/sharing/FileCopy.h"
 
-#include <QClipboard>
 #include <QDBusUnixFileDescriptor>
 #include <QDBusVariant>
-#include <QGuiApplication>
-#include <QMimeData>
 #include <fcntl.h>
 
 using namespace reelsmith;
@@ -125,11 +122,4 @@ TEST_F(Sharing, AFileIsShownByTheFileManagerOrElseInItsFolder) {
     EXPECT_EQ(perform(Action::ShowInFolder), Outcome::Done);
     EXPECT_EQ(m_desktop.argument("ShowItems", 0), QStringList{m_film.toString(QUrl::FullyEncoded)});
     EXPECT_EQ(m_desktop.calls("OpenDirectory").size(), 1);
-}
-
-TEST_F(Sharing, ACopiedFileCanBePastedIntoAFolder) {
-    EXPECT_EQ(perform(Action::CopyFile), Outcome::Done);
-    const QMimeData* data = QGuiApplication::clipboard()->mimeData();
-    EXPECT_EQ(data->urls(), QList<QUrl>{m_film});
-    EXPECT_EQ(data->data("x-special/gnome-copied-files"), "copy\n" + m_film.toEncoded());
 }

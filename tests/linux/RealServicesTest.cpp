@@ -65,18 +65,6 @@ TEST_F(RealServices, LinksAndMailsReachTheUsersPrograms) {
     EXPECT_TRUE(runLoopUntil([&outcome] { return outcome == MailDrafts::Outcome::Saved; }));
 }
 
-TEST_F(RealServices, SharingOffersEverythingAndMailsCarryTheFile) {
-    FileSharing& sharing = *m_platform.services.fileSharing;
-    EXPECT_TRUE(runLoopUntil([&sharing] { return sharing.availableActions().size() == 5; }));
-    const QString film = QFileInfo(m_handedOver).path() + "/film.mp4";
-    writeFile(film, "film");
-    std::optional<FileSharing::Outcome> outcome;
-    sharing.perform(FileSharing::Action::SendByMail, QUrl::fromLocalFile(film),
-                    [&outcome](FileSharing::Outcome result, const QString&) { outcome = result; });
-    EXPECT_TRUE(handedOver().contains(film)) << qPrintable(handedOver());
-    EXPECT_TRUE(runLoopUntil([&outcome] { return outcome == FileSharing::Outcome::Done; }));
-}
-
 TEST_F(RealServices, TheFeedbackDaemonPlaysATouch) {
     QDBusConnection bus = QDBusConnection::sessionBus();
     auto* listener = new QObject;
