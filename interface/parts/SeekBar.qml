@@ -10,6 +10,10 @@ T.Slider {
     property string label
     property bool isEnabled: true
 
+    // Under these names the toolkit tells them to those who hear the screen.
+    readonly property real minimumValue: from
+    readonly property real maximumValue: to
+
     implicitHeight: Theme.target
     leftPadding: Theme.sideMargin
     rightPadding: Theme.sideMargin

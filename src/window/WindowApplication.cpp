@@ -2,6 +2,7 @@
 #include "window/WindowApplication.h"
 
 #include "platform/foundation/OngoingWork.h"
+#include "platform/uikit/UIAccessibility.h"
 #include "platform/uikit/UIAlertController.h"
 #include "platform/uikit/UIApplication.h"
 #include "platform/uikit/UIDevice.h"
@@ -11,6 +12,7 @@
 #include "window/IconProvider.h"
 #include "window/ShadowProvider.h"
 
+#include <QAccessible>
 #include <QDropEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -61,6 +63,7 @@ void WindowApplication::setUpPlatform(std::shared_ptr<HTTPClient> webClient) {
     m_platform.notifications->setOnTapped([this] { activate(); });
     application.setNotifications(std::move(m_platform.notifications));
     PlatformServices::install(std::move(m_platform.services));
+    UIAccessibility::setAnswer([] { return QAccessible::isActive(); });
     UIImpactFeedbackGenerator::setHaptics(std::move(m_platform.haptics));
     HTTPClient::setShared(std::move(webClient));
 }

@@ -3,6 +3,7 @@
 
 #include "platform/foundation/ClockText.h"
 #include "platform/screens/PlatformServices.h"
+#include "platform/uikit/UIAccessibility.h"
 #include "platform/uikit/UIApplication.h"
 #include "platform/uikit/UIDevice.h"
 
@@ -101,7 +102,7 @@ void AVPlayerViewController::refresh() {
 
 void AVPlayerViewController::showControls() {
     m_controlsView.setHidden(false);
-    if (isPlaying() && !m_playsAfterScrubbing)
+    if (isPlaying() && !m_playsAfterScrubbing && !UIAccessibility::isVoiceOverRunning())
         m_hiding.start();
     else
         m_hiding.stop();
