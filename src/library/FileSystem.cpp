@@ -57,6 +57,7 @@ std::optional<QList<ConvertedVideo>> FileSystem::convertedVideos() const {
     if (!contents)
         return std::nullopt;
     QList<ConvertedVideo> videos;
+    videos.reserve(contents->size());
     for (const QUrl& url : *contents)
         videos.append(ConvertedVideo(url));
     return videos;

@@ -7,7 +7,7 @@
 #include "library/VideoDeletion.h"
 #include "library/VideoDetailViewController.h"
 #include "library/VideoPlayer.h"
-#include "platform/foundation/URLs.h"
+#include "platform/foundation/FileManager.h"
 #include "platform/uikit/UIAlertController.h"
 #include "platform/uikit/UINavigationController.h"
 #include "platform/uikit/UIScreen.h"
@@ -20,25 +20,18 @@ namespace {
 
 const QString cellIdentifier = QStringLiteral("VideoCollectionViewCell");
 
-using Date = std::filesystem::file_time_type;
-
 // What has no date that can be read is taken for the oldest.
-Date modificationDate(const QUrl& url) {
-    std::error_code error;
-    const Date date = std::filesystem::last_write_time(filePath(url), error);
-    return error ? Date::min() : date;
-}
-
 QList<ConvertedVideo> newestFirst(const QList<ConvertedVideo>& videos) {
-    std::vector<std::pair<Date, ConvertedVideo>> dated;
+    const FileManager& files = FileManager::defaultManager();
+    std::vector<std::pair<FileManager::Date, const ConvertedVideo*>> dated;
     dated.reserve(static_cast<std::size_t>(videos.size()));
     for (const ConvertedVideo& video : videos)
-        dated.emplace_back(modificationDate(video.url()), video);
+        dated.emplace_back(files.modificationDate(video.url()).value_or(FileManager::Date::min()), &video);
     std::ranges::stable_sort(dated, std::greater(), [](const auto& entry) { return entry.first; });
     QList<ConvertedVideo> sorted;
     sorted.reserve(videos.size());
     for (const auto& [date, video] : dated)
-        sorted.append(video);
+        sorted.append(*video);
     return sorted;
 }
 

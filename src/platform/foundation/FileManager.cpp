@@ -5,6 +5,11 @@
 #include "platform/foundation/SecurityScopedAccess.h"
 #include "platform/foundation/URLs.h"
 
+#include <cerrno>
+#include <dirent.h>
+#include <memory>
+#include <sys/stat.h>
+
 namespace reelsmith {
 
 namespace {
@@ -12,6 +17,15 @@ namespace {
 QString quoted(const QUrl& url) {
     return QLatin1Char('"') + url.toDisplayString(QUrl::PreferLocalFile) + QLatin1Char('"');
 }
+
+tl::unexpected<Error> cannotList(const QUrl& url) {
+    const int error = errno;
+    return systemFailure(QStringLiteral("cannot list ") + quoted(url), error);
+}
+
+struct CloseDirectory {
+    void operator()(DIR* directory) const { closedir(directory); }
+};
 
 Result<void> checkConfinement(const QUrl& url) {
     if (!isInDocumentsFolder(url))
@@ -49,17 +63,29 @@ Result<void> FileManager::createDirectory(const QUrl& url) {
 }
 
 Result<QList<QUrl>> FileManager::contentsOfDirectory(const QUrl& url) const {
-    std::error_code error;
+    const std::string folder = filePathBytes(url);
+    const std::unique_ptr<DIR, CloseDirectory> directory(opendir(folder.c_str()));
+    if (!directory)
+        return cannotList(url);
+    const std::string prefix = folder.ends_with('/') ? folder : folder + '/';
     QList<QUrl> contents;
-    std::filesystem::directory_iterator entry(filePath(url), error);
-    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
-        const std::string& path = entry->path().native();
-        if (path[path.rfind('/') + 1] != '.')
-            contents.append(fileUrl(entry->path()));
+    // Only errno tells an error from the end.
+    errno = 0;
+    while (const dirent* const entry = readdir(directory.get())) {
+        if (entry->d_name[0] != '.')
+            contents.append(fileUrlOfBytes(prefix + entry->d_name));
+        errno = 0;
     }
-    if (error)
-        return systemFailure(QStringLiteral("cannot list ") + quoted(url), error.value());
+    if (errno != 0)
+        return cannotList(url);
     return contents;
+}
+
+std::optional<FileManager::Date> FileManager::modificationDate(const QUrl& url) const {
+    struct stat facts {};
+    if (stat(filePathBytes(url).c_str(), &facts) != 0)
+        return std::nullopt;
+    return Date(std::chrono::seconds(facts.st_mtim.tv_sec) + std::chrono::nanoseconds(facts.st_mtim.tv_nsec));
 }
 
 Result<void> FileManager::removeItem(const QUrl& url) {

@@ -5,9 +5,11 @@
 
 #include <QList>
 #include <QUrl>
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <mutex>
+#include <optional>
 #include <vector>
 
 namespace reelsmith {
@@ -19,6 +21,8 @@ public:
     /// "..".
     using ChangeObserver = std::function<void(const QUrl&)>;
 
+    using Date = std::chrono::sys_time<std::chrono::nanoseconds>;
+
     static FileManager& defaultManager();
 
     /// Makes a folder and those above it; one that is there already is no error.
@@ -26,6 +30,9 @@ public:
 
     /// The entries of a folder in the file system's own order, hidden ones left out.
     Result<QList<QUrl>> contentsOfDirectory(const QUrl& url) const;
+
+    /// When the file was last written to; none where that cannot be found out.
+    std::optional<Date> modificationDate(const QUrl& url) const;
 
     /// Removes a file, a link (not what it leads to), or a folder with all that it holds. Refused outside the
     /// documents folder and for a file under an open security-scoped access.

@@ -16,22 +16,30 @@ QByteArray percentEncoded(const QByteArray& path) {
 QUrl fileUrl(const std::filesystem::path& path) {
     if (!path.is_absolute())
         return fileUrl(std::filesystem::absolute(path));
-    const std::string& bytes = path.native();
-    const auto view = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
-    return QUrl::fromEncoded("file://" + percentEncoded(view), QUrl::StrictMode);
+    return fileUrlOfBytes(path.native());
+}
+
+QUrl fileUrlOfBytes(std::string_view path) {
+    static const QUrl root(QStringLiteral("file:///"));
+    const auto bytes = QByteArray::fromRawData(path.data(), static_cast<qsizetype>(path.size()));
+    QUrl url = root;
+    url.setPath(QString::fromLatin1(percentEncoded(bytes)), QUrl::TolerantMode);
+    return url;
 }
 
 std::filesystem::path filePath(const QUrl& url) {
-    const QByteArray bytes = QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toUtf8());
+    return filePathBytes(url);
+}
+
+std::string filePathBytes(const QUrl& url) {
+    const QByteArray bytes = QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1());
     if (!url.isLocalFile() || !bytes.startsWith('/') || bytes.contains('\0'))
         return {};
-    std::filesystem::path path(bytes.toStdString());
-    // Most paths are in order as they are, and setting them in order takes longer than all the rest.
-    if (bytes.contains("/.") || bytes.contains("//"))
-        path = path.lexically_normal();
-    if (!path.has_filename() && path.has_relative_path())
-        path = path.parent_path();
-    return path;
+    // Most paths are in order as they are.
+    if (!bytes.contains("/.") && !bytes.contains("//") && !bytes.endsWith('/'))
+        return bytes.toStdString();
+    const std::filesystem::path path = std::filesystem::path(bytes.toStdString()).lexically_normal();
+    return !path.has_filename() && path.has_relative_path() ? path.parent_path() : path;
 }
 
 QUrl appendingPathComponent(const QUrl& url, const QString& component) {
