@@ -11,6 +11,7 @@ import os
 import pathlib
 import pty
 import queue
+import re
 import select
 import shutil
 import signal
@@ -37,21 +38,10 @@ def ffmpeg(*arguments):
 
 def make_sources(folder):
     picture = ["-f", "lavfi", "-i", "testsrc2=s=320x240:r=25:d=1"]
-    tone = ["-f", "lavfi", "-i", "sine=d=1"]
     video = ["-c:v", "libx264", "-preset", "ultrafast", "-pix_fmt", "yuv420p"]
-    ffmpeg(*picture, *tone, *video, "-c:a", "aac", folder / "clip.mov")
+    ffmpeg(*picture, "-f", "lavfi", "-i", "sine=d=1", *video, "-c:a", "aac", folder / "clip.mov")
     ffmpeg("-f", "lavfi", "-i", "testsrc2=s=1280x720:r=30:d=20", *video, folder / "long.mkv")
-    ffmpeg(*tone, "-c:a", "aac", folder / "sound_only.mp4")
-    ffmpeg(*picture, "-frames:v", "1", folder / "picture.png")
-    ffmpeg(*picture, *video, "-encryption_scheme", "cenc-aes-ctr", "-encryption_key", "00" * 16,
-           "-encryption_kid", "11" * 16, folder / "encrypted.mp4")
-    ffmpeg(*picture, *video, "-t", "0", folder / "no_frames.mp4")
-    shutil.copy(folder / "picture.png", folder / "picture_as.mp4")
-    (folder / "playlist.mp4").write_text(f"#EXTM3U\n#EXTINF:1,\n{folder}/clip.mov\n#EXT-X-ENDLIST\n")
-    (folder / "script.mp4").write_text(f"ffconcat version 1.0\nfile '{folder}/clip.mov'\n")
     (folder / "text.mp4").write_text("no video at all\n" * 100)
-    (folder / "empty.mp4").touch()
-    (folder / "truncated.mov").write_bytes((folder / "clip.mov").read_bytes()[:2000])
     os.mkfifo(folder / "fifo.mp4")
     socket.socket(socket.AF_UNIX).bind(os.fspath(folder / "socket.mp4"))
 
@@ -150,18 +140,12 @@ class CommandLine(unittest.TestCase):
         self.assertEqual([json.loads(line).get("reason") for line in out], [None, "Invalid file"])
 
     def test_a_terminal_shows_how_far_it_has_come(self):
-        ours, theirs = pty.openpty()
-        status = subprocess.run([PROGRAM, "convert", SOURCES / "long.mkv"], env=self.environment, stderr=theirs,
-                                stdout=subprocess.DEVNULL).returncode
-        shown = os.read(ours, 100000).decode()
-        self.assertEqual(status, 0)
-        self.assertRegex(shown, r"\r\x1b\[K +\d+ %  \d+:\d\d left  long.mp4")
-        self.assertTrue(shown.endswith("\r\x1b[K"), "the line is taken away at the end")
-
-    def test_one_source_after_another_whatever_becomes_of_one(self):
-        status, out, error = self.run_to_end("convert", SOURCES / "text.mp4", SOURCES / "clip.mov")
-        self.assertEqual((status, out), (1, [str(self.outputs / "clip.mp4")]))
-        self.assertIn("Invalid file", error[0])
+        for source, expected in ((SOURCES / "long.mkv", r"\r\x1b\[K +\d+ %  \d+:\d\d left  long.mp4.*\r\x1b\[K$"),
+                                 (self.address("body", 2000000), "100 %  .*downloading clip.mov"),
+                                 (self.address("chunked", 2000000), r"2\.0 MB  downloading clip.mov")):
+            ours, theirs = pty.openpty()
+            subprocess.run([PROGRAM, "convert", source], env=self.environment, stderr=theirs, stdout=subprocess.DEVNULL)
+            self.assertRegex(os.read(ours, 100000).decode(), re.compile(expected, re.DOTALL))
 
     def test_the_list_reads_as_the_system_writes_numbers(self):
         ffmpeg("-f", "lavfi", "-i", "color=s=1080x1920:d=1:r=5", self.home / "tall.mp4")
@@ -181,8 +165,7 @@ class CommandLine(unittest.TestCase):
         self.assertEqual(self.left(), [".hidden", "a.mov", "notes.txt"])
 
     def test_wrong_usage_is_told_and_touches_nothing(self):
-        for words in ([], ["clip.mov"], ["convert"], ["convert", "-n", "", "a"], ["convert", "a", "dir/a.mov"],
-                      ["convert", "http://localhost/a.mp4", "a.mov"], ["--nonsense"]):
+        for words in ([], ["clip.mov"], ["convert", "-n", "", "a"]):
             status, out, error = self.run_to_end(*words)
             self.assertEqual((status, out), (2, []), words)
             self.assertTrue(error, words)
@@ -200,32 +183,27 @@ class CommandLine(unittest.TestCase):
 
     def test_a_video_is_downloaded_converted_and_only_the_result_stays(self):
         address = self.address("file", SOURCES / "clip.mov", "Holiday%20film.mov?size=large")
-        status, out, error = self.run_to_end("convert", address, SOURCES / "clip.mov")
+        status, out, error = self.run_to_end("convert", "--json", address)
         self.assertEqual((status, error), (0, []))
-        self.assertEqual(out, [str(self.outputs / "Holiday film.mp4"), str(self.outputs / "clip.mp4")])
-        self.assert_converted(out[0])
-        self.assertEqual(self.left(), ["Holiday film.mp4", "clip.mp4"])
-
-    def test_programs_are_told_of_the_download(self):
-        address = self.address("file", SOURCES / "clip.mov")
-        events = [json.loads(line) for line in self.run_to_end("convert", "--json", "-n", "x", address)[1]]
-        both = {"source": address, "output": str(self.outputs / "x.mp4")}
+        events = [json.loads(line) for line in out]
+        result = self.outputs / "Holiday film.mp4"
+        both = {"source": address, "output": str(result)}
         size = (SOURCES / "clip.mov").stat().st_size
         self.assertEqual(events[:3], [
             both | {"event": "download"},
             both | {"event": "downloadProgress", "receivedBytes": size, "expectedBytes": size, "fraction": 1},
             both | {"event": "downloaded", "bytes": size}])
         self.assertEqual((events[3]["event"], events[-1]["event"]), ("start", "done"))
+        self.assert_converted(result)
+        self.assertEqual(self.left(), ["Holiday film.mp4"])
 
-    def test_a_failed_download_is_told_and_the_next_source_is_taken(self):
-        for address in (self.address("cut", 1000, "x.mov"), "http://", "https://no host/a.mov"):
-            status, out, error = self.run_to_end("convert", address, SOURCES / "clip.mov", "-q", "low")
-            self.assertEqual((status, out), (1, [str(self.outputs / "clip.mp4")]))
-            self.assertEqual(error, ["Reelsmith could not download the selected video."])
+    def test_a_failed_source_is_told_and_the_next_one_is_taken(self):
+        failed = "Reelsmith could not download the selected video."
+        for source, told in ((self.address("cut", 1000, "x.mov"), failed), ("http://", failed),
+                             ("https://no host/a.mov", failed), (self.address("status", 404, "x.mov"), "Invalid file")):
+            status, out, error = self.run_to_end("convert", source, SOURCES / "clip.mov", "-q", "low")
+            self.assertEqual((status, out, error[0]), (1, [str(self.outputs / "clip.mp4")], told))
             self.assertEqual(self.left(), ["clip.mp4"])
-
-    def test_an_error_page_is_an_invalid_file(self):
-        self.assert_invalid(self.address("status", 404))
 
     def test_what_has_happened_reaches_the_operators_collector(self):
         """Before one is named all of it waits."""
@@ -269,12 +247,6 @@ class CommandLine(unittest.TestCase):
         self.assertEqual(process.returncode, 130)
         self.assertEqual(self.left(), [])
 
-    def test_a_terminal_shows_the_download(self):
-        for behaviour, shown in (("body", "100 %  .*downloading clip.mov"), ("chunked", r"2\.0 MB  downloading clip.mov")):
-            ours, theirs = pty.openpty()
-            subprocess.run([PROGRAM, "convert", self.address(behaviour, 2000000)], env=self.environment, stderr=theirs)
-            self.assertRegex(os.read(ours, 100000).decode(), shown)
-
     # What bad input gets
 
     def assert_invalid(self, *words, left=()):
@@ -285,48 +257,25 @@ class CommandLine(unittest.TestCase):
         return error[1]
 
     def test_what_is_no_video_is_an_invalid_file_and_leaves_nothing(self):
-        for name in ("missing.mp4", "empty.mp4", "truncated.mov", "text.mp4", "playlist.mp4", "script.mp4", ".",
-                     "picture_as.mp4", "encrypted.mp4", "sound_only.mp4", "no_frames.mp4", "fifo.mp4", "socket.mp4",
-                     "/dev/zero"):
+        for name in ("missing.mp4", "text.mp4", ".", "fifo.mp4", "socket.mp4", "/dev/zero"):
             with self.subTest(source=name):
                 self.assertGreater(len(self.assert_invalid("-n", "x", SOURCES / name)), 10)
 
-    def test_names_that_no_file_can_have_fail_cleanly(self):
-        victim = self.home / "Documents/victim.mp4"
-        victim.parent.mkdir()
-        victim.write_text("kept")
-        for name in ("x" * 252, "é" * 126, "no/such/folder", "../../victim"):
-            with self.subTest(name=name):
-                self.assert_invalid("-n", name, SOURCES / "clip.mov", left=["victim.mp4"])
-        self.assertEqual(victim.read_text(), "kept")
-
     def test_names_that_a_file_can_have_convert(self):
-        for name in ("x" * 251, "é" * 125, "50% off? #1", "a\nb", " ", "-q", "firstPass/../y"):
-            with self.subTest(name=name):
-                status, _, error = self.run_to_end("convert", f"--name={name}", SOURCES / "clip.mov")
-                self.assertEqual((status, error), (0, []))
-                self.assertTrue((self.outputs / f"{name.split('/')[-1]}.mp4").is_file())
-
-    def test_a_source_whose_name_is_no_utf8_converts(self):
         source = os.fsencode(self.home) + b"/l\xe4tin.mov"
         shutil.copy(SOURCES / "clip.mov", source)
-        status, out, _ = self.run_to_end("convert", source)
-        self.assertEqual(status, 0)
-        self.assert_converted(out[0])
-
-    def test_a_result_takes_the_place_of_its_namesake(self):
-        self.run_to_end("convert", "-n", "x", SOURCES / "clip.mov")
-        before = (self.outputs / "x.mp4").read_bytes()
-        self.assertEqual(self.run_to_end("convert", "-q", "high", "-n", "x", SOURCES / "clip.mov")[0], 0)
-        self.assertNotEqual((self.outputs / "x.mp4").read_bytes(), before)
-        self.assert_invalid("-n", "x", SOURCES / "text.mp4")
+        for name in ("x" * 251, "é" * 125, "50% off? #1", "a\nb", " ", "-q", "firstPass/../y"):
+            with self.subTest(name=name):
+                status, _, error = self.run_to_end("convert", f"--name={name}", source)
+                self.assertEqual((status, error), (0, []))
+                self.assertTrue((self.outputs / f"{name.split('/')[-1]}.mp4").is_file())
 
     def test_a_library_file_may_be_its_own_source(self):
         self.run_to_end("convert", "-n", "x", SOURCES / "clip.mov")
         library_file = self.outputs / "x.mp4"
-        for source in (library_file, self.home / "link.mp4"):
-            if source != library_file:
-                source.symlink_to(library_file)
+        link = self.home / "link.mp4"
+        link.symlink_to(library_file)
+        for source in (library_file, link):
             before = library_file.stat().st_ino
             self.assertEqual(self.run_to_end("convert", "-n", "x", source)[0], 0)
             self.assertNotEqual(library_file.stat().st_ino, before)
@@ -353,14 +302,6 @@ class CommandLine(unittest.TestCase):
     def test_an_interrupt_ends_with_130_and_leaves_nothing(self):
         for number in (signal.SIGINT, signal.SIGTERM):
             self.interrupt(self.start_and_wait_for_progress(SOURCES / "long.mkv"), number)
-
-    def test_a_killed_worker_is_a_failed_export(self):
-        process = self.start_and_wait_for_progress(SOURCES / "long.mkv")
-        os.kill(self.worker_of(process), signal.SIGKILL)
-        _, error = process.communicate(timeout=30)
-        self.assertEqual((process.returncode, error.splitlines()),
-                         (1, ["Invalid file", "the media worker was ended by signal 9"]))
-        self.assertEqual(self.left(), [])
 
     def test_what_a_killed_application_leaves_is_hidden_and_goes_at_the_next_start(self):
         process = self.start_and_wait_for_progress(SOURCES / "long.mkv")
