@@ -8,34 +8,26 @@ Run as a program it prints its port, then a line of JSON for each request, and e
 """
 import collections
 import gzip
-import http.server
 import json
 import sys
 import threading
 
+import loopback
 
-class Collector(http.server.ThreadingHTTPServer):
+
+class Collector(loopback.Server):
     """`take` is called with each request: its headers, in lower case, and its body."""
 
     def __init__(self, take):
-        super().__init__(("127.0.0.1", 0), Handler)
         self.take = take
         self.lock = threading.Lock()
         self.counts = collections.Counter()
-        threading.Thread(target=self.serve_forever, daemon=True).start()
-
-    def handle_error(self, *_):
-        pass  # a client that was killed
+        super().__init__(Handler)
 
 
-class Handler(http.server.BaseHTTPRequestHandler):
-    protocol_version = "HTTP/1.1"
-
-    def log_message(self, *_):
-        pass
-
+class Handler(loopback.Handler):
     def do_POST(self):
-        body = self.rfile.read(int(self.headers["Content-Length"]))
+        body = self.body()
         if self.headers.get("Content-Encoding") == "gzip":
             body = gzip.decompress(body)
         with self.server.lock:
@@ -46,15 +38,8 @@ class Handler(http.server.BaseHTTPRequestHandler):
                               "body": json.loads(body)})
         if answer == "never":
             threading.Event().wait()
-        self.answer(*answer.split(":"))
-
-    def answer(self, status, retry_after=None):
-        self.send_response(int(status))
-        self.send_header("Content-Length", "2")
-        if retry_after:
-            self.send_header("Retry-After", retry_after)
-        self.end_headers()
-        self.wfile.write(b"{}")
+        status, *wait = answer.split(":")
+        self.answer(b"{}", int(status), **{"Content-Length": 2}, **({"Retry-After": wait[0]} if wait else {}))
 
 
 def attributes(listed):

@@ -5,7 +5,6 @@
 Run as a program it makes a certificate that nobody has signed in the folder given, prints its two ports (http, https)
 in one line, and ends with its standard input.
 """
-import http.server
 import pathlib
 import ssl
 import subprocess
@@ -13,27 +12,18 @@ import sys
 import threading
 import urllib.parse
 
+import loopback
+
 PAGE = b"<html>not a video</html>"
 
 
-class Handler(http.server.BaseHTTPRequestHandler):
-    protocol_version = "HTTP/1.1"
+class Handler(loopback.Handler):
     going_on = {}  # events, by the name that is waited for
-
-    def log_message(self, *_):
-        pass
 
     def do_GET(self):
         behaviour, argument = (self.path.split("/") + [""])[1:3]
         self.may_go_on = self.going_on.setdefault(self.path.split("/")[-1], threading.Event())
         getattr(self, "answer_" + behaviour)(urllib.parse.unquote(argument))
-
-    def answer(self, body, status=200, **fields):
-        self.send_response(status)
-        for name, value in (fields or {"Content-Length": len(body)}).items():
-            self.send_header(name, value)
-        self.end_headers()
-        self.wfile.write(body)
 
     def write(self, size):
         while size > 0:
@@ -86,14 +76,10 @@ def make_certificate(folder):
 
 def start(certificate=None):
     """A running server; with `certificate` and key one for https."""
-    server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
-    server.handle_error = lambda *_: None  # a client that does not trust us, or has gone
+    context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER) if certificate else None
     if certificate:
-        context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
         context.load_cert_chain(*certificate)
-        server.socket = context.wrap_socket(server.socket, server_side=True, do_handshake_on_connect=False)
-    threading.Thread(target=server.serve_forever, daemon=True).start()
-    return server
+    return loopback.Server(Handler, context)
 
 
 if __name__ == "__main__":
