@@ -4,6 +4,9 @@
 
     with_desktop library.py REELSMITH DESKTOP_ENTRY [unittest options]
 """
+import os
+import pathlib
+
 from application import HOME, OUTPUTS, SETTINGS, ApplicationTest, forget_everything, make_video, run, write_settings
 from collector import Collector, records
 from desktop import find, gone, key, press, type_text, until
@@ -11,6 +14,7 @@ from flag_server import FlagServer
 import web_server
 from x11 import Display
 
+ASSOCIATIONS = pathlib.Path(os.environ["XDG_CONFIG_HOME"]) / "mimeapps.list"
 PAGES = (("Welcome to Reelsmith", "Continue"), ("Convert using your phone", "Continue"),
          ("Multiple quality options", "Start"))
 
@@ -90,13 +94,15 @@ class Library(ApplicationTest):
         self.assertEqual(self.measured, ["started_tutorial", "converted_success", "shared_video", "played_video",
                                          "shared_video", "deleted_video"])
 
-    def test_the_grid_comes_with_the_flag(self):
-        write_settings(DID_SHOW_ONBOARDING="true")
+    def test_the_grid_comes_with_the_flag_and_the_second_run_asks_for_a_rating(self):
+        write_settings(DID_SHOW_ONBOARDING="true", RELEVANT_ACTION_COUNT_VAR3=1)
         self.flags.values["new_video_layout_test"] = "variant_a"
         self.start_window(**self.services)
         self.await_printed("Swapped videos VC to variant_a")
         older = make_video(OUTPUTS / "older.mp4")
         result = self.convert_from_photos("newer")
+        press("not now", "push button")
+        gone("Do you like Reelsmith?")
         find("2 videos, newest first")
         press(result.name, "list item")
         find("Video details", "heading")
@@ -107,6 +113,7 @@ class Library(ApplicationTest):
         gone("Video details")
         find("1 video, newest first")
         self.assertEqual(list(OUTPUTS.iterdir()), [older])
+        self.assertIn("RELEVANT_ACTION_COUNT_VAR3=2", SETTINGS.read_text())
 
     def test_without_consent_nothing_is_measured_not_even_after_a_restart(self):
         write_settings(DID_SHOW_ONBOARDING="true")
@@ -157,4 +164,6 @@ class Library(ApplicationTest):
 
 
 if __name__ == "__main__":
+    with open(ASSOCIATIONS, "a") as associations:
+        associations.write("x-scheme-handler/appstream=taker.desktop;\n")  # a software store
     run()
