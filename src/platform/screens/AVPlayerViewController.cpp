@@ -66,12 +66,13 @@ void AVPlayerViewController::viewDidDisappear() {
     leave();
 }
 
+// However it goes; a screen may be released without being told that it disappears.
 void AVPlayerViewController::leave() {
-    if (!std::exchange(m_isUp, false))
-        return;
     m_playsAfterScrubbing = false;
-    m_player->pause();
-    PlatformServices::shared().nowPlaying->end();
+    if (m_player && state().isPlaying)
+        m_player->pause();
+    if (std::exchange(m_isUp, false))
+        PlatformServices::shared().nowPlaying->end();
 }
 
 bool AVPlayerViewController::isPlaying() const {
