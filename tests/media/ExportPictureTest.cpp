@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cmath>
+#include <sstream>
 
 using namespace reelsmith::media;
 
@@ -89,11 +90,9 @@ TEST_F(ExportPicture, StandsUprightWhateverTheMatrix) {
 
 TEST_F(ExportPicture, HasSquarePixelsAndEvenSidesAndIsNeverEnlarged) {
     struct {
-        std::string size;
-        std::string aspect;
+        std::string size, aspect;
         Preset preset;
-        int width;
-        int height;
+        int width, height;
     } const cases[] = {
         {"160x120", "1/1", Preset::Highest, 160, 120}, {"161x121", "1/1", Preset::Medium, 162, 122},
         {"720x576", "16/15", Preset::Low, 480, 360},   {"720x576", "64/45", Preset::Medium, 1024, 576},
@@ -133,8 +132,7 @@ TEST_F(ExportPicture, OnlyWhatIsFlaggedAsInterlacedIsDeinterlaced) {
 TEST_F(ExportPicture, FullRangeBecomesLimitedAndLimitedStays) {
     struct {
         std::string options;
-        double black;
-        double slope;
+        double black, slope;
     } const cases[] = {
         {"-c:v libx264 -crf 1 -color_range pc", 16, 219.0 / 255},
         {"-c:v ffv1 -color_range pc", 16, 219.0 / 255},
@@ -155,54 +153,45 @@ TEST_F(ExportPicture, FullRangeBecomesLimitedAndLimitedStays) {
 }
 
 TEST_F(ExportPicture, ColoursStayTheSameInEveryFormat) {
-    struct {
-        std::string format; ///< made by these filters
-        std::string options;
-        std::string size = "160x120";
-        bool isGray = false;
-    } const cases[] = {
-        {"scale=out_color_matrix=bt709,format=yuv420p",
-         "-c:v libx264 -colorspace bt709 -color_primaries bt709 -color_trc bt709"},
-        {"scale=out_color_matrix=bt601,format=yuv420p",
-         "-c:v libx264 -colorspace smpte170m -color_primaries smpte170m -color_trc smpte170m"},
-        {"scale=out_color_matrix=bt601,format=yuv420p", "-c:v libx264"},
-        {"scale=out_color_matrix=bt709,format=yuv420p", "-c:v libx264", "1280x720"},
-        {"scale=out_color_matrix=bt601:out_range=pc,format=yuvj420p", "-c:v mjpeg"},
-        {"scale=out_color_matrix=bt601,format=yuv422p", "-c:v ffv1"},
-        {"scale=out_color_matrix=bt601,format=yuv444p", "-c:v libx264"},
-        {"scale=out_color_matrix=bt601,format=yuv411p", "-c:v ffv1"},
-        {"scale=out_color_matrix=bt601,format=yuv410p", "-c:v ffv1"},
-        {"scale=out_color_matrix=bt601,format=yuv440p", "-c:v ffv1"},
-        {"scale=out_color_matrix=bt601,format=yuva420p", "-c:v ffv1"},
-        {"scale=out_color_matrix=bt601,format=yuyv422", "-c:v rawvideo"},
-        {"scale=out_color_matrix=bt601,format=yuv420p10le", "-c:v libx264"},
-        {"scale=out_color_matrix=bt709,format=yuv422p10le", "-c:v v210", "1280x720"},
-        {"scale=out_color_matrix=bt601,format=yuv444p16le", "-c:v ffv1"},
-        {"format=gbrp", "-c:v libx264rgb"},
-        {"format=rgb24", "-c:v png"},
-        {"format=rgba", "-c:v png"},
-        {"format=rgb48be", "-c:v png"},
-        {"format=gbrp12le", "-c:v ffv1"},
-        {"format=bgr0", "-c:v ffv1"},
-        {"format=rgb555le", "-c:v rawvideo -f nut"},
-        {"split[a][b];[a]palettegen[p];[b][p]paletteuse", "-c:v png"},
-        {"scale=out_color_matrix=bt601,format=gray", "-c:v ffv1", "160x120", true},
-        {"scale=out_color_matrix=bt601,format=gray10le", "-c:v ffv1", "160x120", true},
-        {"format=ya8", "-c:v ffv1", "160x120", true},
+    struct Case {
+        std::string format, codec, matrix = "bt601", size = "160x120";
     };
+    std::vector<Case> cases{
+        {"yuv420p", "libx264 -colorspace bt709 -color_primaries bt709 -color_trc bt709", "bt709"},
+        {"yuv420p", "libx264 -colorspace smpte170m -color_primaries smpte170m -color_trc smpte170m"},
+        {"yuv420p", "libx264", "bt709", "1280x720"},
+        {"yuv422p10le", "v210", "bt709", "1280x720"},
+        {"yuvj420p", "mjpeg", "bt601:out_range=pc"},
+        {"gbrp,split[a][b];[a]palettegen[p];[b][p]paletteuse", "png"},
+    };
+    const std::map<std::string, std::string> ordinary{
+        {"libx264", "yuv420p yuv444p yuv420p10le"},
+        {"ffv1", "yuv422p yuv411p yuv410p yuv440p yuva420p yuv444p16le gray gray10le ya8 gbrp12le bgr0"},
+        {"png", "rgb24 rgba rgb48be"},
+        {"libx264rgb", "gbrp"},
+        {"rawvideo", "yuyv422"},
+        {"rawvideo -f nut", "rgb555le"},
+    };
+    for (const auto& [codec, formats] : ordinary) {
+        std::istringstream words(formats);
+        for (std::string format; words >> format;)
+            cases.push_back({format, codec});
+    }
     for (const auto& each : cases) {
-        SCOPED_TRACE(each.format + " " + each.options + " " + each.size);
+        SCOPED_TRACE(each.format + " " + each.codec + " " + each.size);
         const Movie movie =
             convert(make("source.mkv", "-f lavfi -i \"color=0xC83C64:s=" + each.size +
-                                           ":r=5:d=0.4,format=gbrp," + each.format + "\" " + each.options),
+                                           ":r=5:d=0.4,format=gbrp,scale=out_color_matrix=" + each.matrix +
+                                           ",format=" + each.format + "\" -c:v " + each.codec),
                     Preset::Highest);
+        const bool isGray = each.format.starts_with("gray") || each.format == "ya8";
         const auto pictures = picturesOf(movie.path);
         ASSERT_FALSE(pictures.empty());
         const auto [red, green, blue] = rgbOf(pictures[0]);
         const double gray = 0.299 * 0xC8 + 0.587 * 0x3C + 0.114 * 0x64;
-        EXPECT_NEAR(red, each.isGray ? gray : 0xC8, 5);
-        EXPECT_NEAR(green, each.isGray ? gray : 0x3C, 5);
-        EXPECT_NEAR(blue, each.isGray ? gray : 0x64, 5);
+        EXPECT_NEAR(red, isGray ? gray : 0xC8, 5);
+        EXPECT_NEAR(green, isGray ? gray : 0x3C, 5);
+        EXPECT_NEAR(blue, isGray ? gray : 0x64, 5);
         EXPECT_EQ(movie.video().codec->profile, FF_PROFILE_H264_HIGH);
     }
 }

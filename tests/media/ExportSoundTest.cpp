@@ -36,8 +36,7 @@ TEST_F(ExportSound, AnyRateAndChannelCountBecomesOrdinaryAac) {
         std::string layout;
         int rate;
         std::string codec;
-        int resultChannels;
-        int resultRate;
+        int resultChannels, resultRate;
     } const cases[] = {
         {"mono", 8'000, "pcm_u8", 1, 8'000},         {"mono", 48'000, "flac", 1, 48'000},
         {"stereo", 44'100, "libmp3lame", 2, 44'100}, {"stereo", 96'000, "pcm_s24le", 2, 48'000},
@@ -86,8 +85,7 @@ TEST_F(ExportSound, FoldedSoundIsAsLoudAndDoesNotClip) {
 TEST_F(ExportSound, AacIsCopiedOnlyWhereItIsPlainAndLean) {
     const std::string noise = "-f lavfi -i anoisesrc=d=2:a=0.5:seed=1,aformat=channel_layouts=";
     struct {
-        std::string name;
-        std::string sound;
+        std::string name, sound;
         Preset preset;
         bool isCopied;
     } const cases[] = {
@@ -107,16 +105,20 @@ TEST_F(ExportSound, AacIsCopiedOnlyWhereItIsPlainAndLean) {
     }
 }
 
-TEST_F(ExportSound, PassthroughCopiesEveryCodecThatMp4Holds) {
-    const std::string source = withSound(
-        "source.mkv", tone("0.3", 1) +
-                          "-map 0 -map 1 -map 1 -map 1 -map 1 -map 1 -map 1 -c:a:0 flac "
-                          "-c:a:1 libopus -c:a:2 alac -c:a:3 ac3 -c:a:4 libmp3lame -c:a:5 libvorbis");
+TEST_F(ExportSound, PassthroughCopiesEverySoundThatMp4Holds) {
+    const Movie source = Movie::read(withSound(
+        "source.mkv",
+        tone("0.3", 1) +
+            "-map 0 -map 1 -map 1 -map 1 -map 1 -map 1 -map 1 -c:a:0 flac -metadata:s:a:0 language=ger "
+            "-c:a:1 libopus -c:a:2 alac -c:a:3 ac3 -c:a:4 libmp3lame -c:a:5 libvorbis"));
+    const Movie copy = convert(source.path, Preset::Passthrough);
     std::vector<AVCodecID> codecs;
-    for (const Movie::Track& track : convert(source, Preset::Passthrough).tracks)
+    for (const Movie::Track& track : copy.tracks)
         codecs.push_back(track.codec->codec_id);
     EXPECT_EQ(codecs, (std::vector{AV_CODEC_ID_H264, AV_CODEC_ID_FLAC, AV_CODEC_ID_OPUS, AV_CODEC_ID_ALAC,
                                    AV_CODEC_ID_AC3, AV_CODEC_ID_MP3, AV_CODEC_ID_AAC}));
+    EXPECT_EQ(copy.tracks[1].language, "ger");
+    EXPECT_TRUE(copy.tracks[1].data() == source.tracks[1].data());
 }
 
 TEST_F(ExportSound, TheTrackInTheUsersLanguageIsKeptAndMarked) {

@@ -103,10 +103,8 @@ TEST_F(ExportTiming, TheLastPictureKeepsItsLength) {
 
 TEST_F(ExportTiming, PictureAndSoundKeepTheirDistance) {
     struct {
-        double pictureAt;
-        double soundAt;
-        std::string container;
-        std::string codec;
+        double pictureAt, soundAt;
+        std::string container, codec;
     } const cases[] = {
         {0.48, 0, "mp4", "aac"}, {0.48, 0, "mkv", "pcm_s16le"}, {0, 0.7, "mp4", "aac"},
         {0, 0.7, "mkv", "flac"}, {0, 0.7, "mov", "pcm_s16le"},  {3, 3.2, "mkv", "pcm_s16le"},

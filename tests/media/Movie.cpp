@@ -10,51 +10,48 @@ namespace reelsmith::media {
 
 namespace {
 
-class Reader {
-public:
-    explicit Reader(const std::string& path) {
-        EXPECT_EQ(avformat_open_input(&m_context, path.c_str(), nullptr, nullptr), 0) << path;
-        if (m_context) {
-            EXPECT_GE(avformat_find_stream_info(m_context, nullptr), 0) << path;
-        }
+using Reader = std::unique_ptr<AVFormatContext,
+                               decltype([](AVFormatContext* context) { avformat_close_input(&context); })>;
+
+/// Null, and the running test fails, where the file cannot be read.
+Reader open(const std::string& path) {
+    AVFormatContext* context = nullptr;
+    EXPECT_EQ(avformat_open_input(&context, path.c_str(), nullptr, nullptr), 0) << path;
+    if (context) {
+        EXPECT_GE(avformat_find_stream_info(context, nullptr), 0) << path;
     }
-    Reader(const Reader&) = delete;
-    Reader& operator=(const Reader&) = delete;
-    ~Reader() { avformat_close_input(&m_context); }
+    return Reader(context);
+}
 
-    explicit operator bool() const { return m_context != nullptr; }
-    AVFormatContext* operator->() const { return m_context; }
+PacketHandle packetOf(const Reader& reader) {
+    PacketHandle packet = makePacket();
+    return av_read_frame(reader.get(), packet.get()) < 0 ? nullptr : std::move(packet);
+}
 
-    PacketHandle packet() const {
-        PacketHandle packet = makePacket();
-        return av_read_frame(m_context, packet.get()) < 0 ? nullptr : std::move(packet);
+/// Decodes the first track of a kind that is no cover art.
+void decode(const std::string& path, AVMediaType kind,
+            const std::function<void(const AVStream&, FrameHandle)>& take) {
+    const Reader reader = open(path);
+    ASSERT_TRUE(reader);
+    const AVCodec* codec = nullptr;
+    const int index = av_find_best_stream(reader.get(), kind, -1, -1, &codec, 0);
+    ASSERT_GE(index, 0) << path;
+    const AVStream& stream = *reader->streams[index];
+    const CodecHandle decoder(avcodec_alloc_context3(codec));
+    ASSERT_GE(avcodec_parameters_to_context(decoder.get(), stream.codecpar), 0);
+    decoder->pkt_timebase = stream.time_base;
+    ASSERT_EQ(avcodec_open2(decoder.get(), codec, nullptr), 0);
+    for (bool isLast = false; !isLast;) {
+        const PacketHandle read = packetOf(reader);
+        isLast = !read;
+        if (read && read->stream_index != index)
+            continue;
+        ASSERT_EQ(avcodec_send_packet(decoder.get(), read.get()), 0) << path;
+        for (FrameHandle frame = makeFrame(); avcodec_receive_frame(decoder.get(), frame.get()) == 0;
+             frame = makeFrame())
+            take(stream, std::move(frame));
     }
-
-    /// Decodes the first track of a kind that is no cover art.
-    void decode(AVMediaType kind, const std::function<void(const AVStream&, FrameHandle)>& take) const {
-        const AVCodec* codec = nullptr;
-        const int index = av_find_best_stream(m_context, kind, -1, -1, &codec, 0);
-        ASSERT_GE(index, 0) << m_context->url;
-        const AVStream& stream = *m_context->streams[index];
-        const CodecHandle decoder(avcodec_alloc_context3(codec));
-        ASSERT_GE(avcodec_parameters_to_context(decoder.get(), stream.codecpar), 0);
-        decoder->pkt_timebase = stream.time_base;
-        ASSERT_EQ(avcodec_open2(decoder.get(), codec, nullptr), 0);
-        for (bool isLast = false; !isLast;) {
-            const PacketHandle read = packet();
-            isLast = !read;
-            if (read && read->stream_index != index)
-                continue;
-            ASSERT_EQ(avcodec_send_packet(decoder.get(), read.get()), 0) << m_context->url;
-            for (FrameHandle frame = makeFrame(); avcodec_receive_frame(decoder.get(), frame.get()) == 0;
-                 frame = makeFrame())
-                take(stream, std::move(frame));
-        }
-    }
-
-private:
-    AVFormatContext* m_context = nullptr;
-};
+}
 
 std::map<std::string, std::string> entriesOf(const AVDictionary* dictionary) {
     std::map<std::string, std::string> entries;
@@ -96,12 +93,12 @@ std::vector<std::string> Movie::Track::data() const {
 Movie Movie::read(const std::string& path) {
     Movie movie;
     movie.path = path;
-    const Reader reader(path);
+    const Reader reader = open(path);
     if (!reader)
         return movie;
     for (unsigned i = 0; i < reader->nb_streams; ++i)
         movie.tracks.push_back(describe(*reader->streams[i]));
-    while (const PacketHandle packet = reader.packet()) {
+    while (const PacketHandle packet = packetOf(reader)) {
         const double unit = av_q2d(reader->streams[packet->stream_index]->time_base);
         if (packet->flags & AV_PKT_FLAG_DISCARD)
             continue;
@@ -153,22 +150,17 @@ double Picture::mean(int plane, double left, double top, double right, double bo
 
 std::vector<Picture> picturesOf(const std::string& path) {
     std::vector<Picture> pictures;
-    if (const Reader reader(path); reader) {
-        reader.decode(AVMEDIA_TYPE_VIDEO, [&](const AVStream& stream, FrameHandle frame) {
-            EXPECT_EQ(frame->format, AV_PIX_FMT_YUV420P);
-            const double start = static_cast<double>(frame->pts) * av_q2d(stream.time_base);
-            pictures.push_back({start, std::move(frame)});
-        });
-    }
+    decode(path, AVMEDIA_TYPE_VIDEO, [&](const AVStream& stream, FrameHandle frame) {
+        EXPECT_EQ(frame->format, AV_PIX_FMT_YUV420P);
+        const double start = static_cast<double>(frame->pts) * av_q2d(stream.time_base);
+        pictures.push_back({start, std::move(frame)});
+    });
     return pictures;
 }
 
 Sound soundOf(const std::string& path) {
     Sound sound;
-    const Reader reader(path);
-    if (!reader)
-        return sound;
-    reader.decode(AVMEDIA_TYPE_AUDIO, [&](const AVStream& stream, const FrameHandle& frame) {
+    decode(path, AVMEDIA_TYPE_AUDIO, [&](const AVStream& stream, const FrameHandle& frame) {
         ASSERT_EQ(frame->format, AV_SAMPLE_FMT_FLTP);
         sound.sampleRate = frame->sample_rate;
         sound.channels.resize(static_cast<std::size_t>(frame->ch_layout.nb_channels));

@@ -120,35 +120,6 @@ TEST_F(Passthrough, KeepsWhatPlayersNeedToKnow) {
     EXPECT_EQ(matrixOf(contents(copy.path)), matrixOf(contents(source)));
 }
 
-TEST_F(Passthrough, KeepsEverySoundAndTurnsTextsIntoTimedText) {
-    write("texts.srt", "1\n00:00:00,500 --> 00:00:01,500\nHello\n");
-    for (const char* name : {"source.mp4", "source.mkv"}) {
-        SCOPED_TRACE(name);
-        const bool isMp4 = std::string(name) == "source.mp4";
-        const Movie source = Movie::read(
-            make(name, pictures + tone("0.5", 2) + tone("0.1", 2) +
-                           "-i texts.srt -map 0 -map 1 -map 2 -map 3 -metadata:s:a:0 language=ger "
-                           "-metadata:s:a:1 language=fre " +
-                           avc + "-c:a:0 aac -c:a:1 ac3 -c:s " + (isMp4 ? "mov_text" : "srt")));
-        const Movie copy = convert(source.path, Preset::Passthrough);
-        ASSERT_EQ(copy.tracks.size(), 4U);
-        for (std::size_t i = 0; i < 3; ++i)
-            EXPECT_EQ(copy.tracks[i].data(), source.tracks[i].data());
-        EXPECT_EQ(copy.tracks[1].language, "ger");
-        EXPECT_EQ(copy.tracks[2].language, "fre");
-        EXPECT_EQ(copy.track(AVMEDIA_TYPE_SUBTITLE).codec->codec_id, AV_CODEC_ID_MOV_TEXT);
-    }
-}
-
-TEST_F(Passthrough, AnEditInsideAGroupOfPicturesIsEncoded) {
-    make("whole.mp4", pictures + "-c:v libx264 -g 50 -bf 0");
-    const Movie cut = Movie::read(make("cut.mp4", "-ss 0.6 -i whole.mp4 -c copy"));
-    const Movie copy = convert(cut.path, Preset::Passthrough);
-    EXPECT_EQ(copy.video().samples.size(), cut.video().samples.size());
-    EXPECT_NE(copy.video().data(), cut.video().data());
-    EXPECT_NEAR(picturesOf(copy.path).front().mean(0), 20 + 100 * 0.6, 4);
-}
-
 TEST_F(Passthrough, ACutOffFileIsCopiedAsFarAsItHasWholePackets) {
     const Movie source = Movie::read(make("whole.mp4", pictures + avc + "-movflags +faststart"));
     const auto& samples = source.video().samples;
@@ -198,17 +169,6 @@ TEST_F(Passthrough, RangesArriveWhereTheyBelongInsideAndOutsideTheKernel) {
         ASSERT_FALSE(result);
         EXPECT_EQ(result.error().code, ErrorCode::InvalidSource);
     }
-}
-
-TEST_F(Passthrough, MuchIsMovedFromBlocksToBlocks) {
-    RangeMover mover(-1, -1);
-    EXPECT_EQ(mover.bytesToAlignment(7), 0);
-    mover.add({48, 40, 1'000});
-    EXPECT_EQ(mover.bytesToAlignment(100), 0) << "too little to matter";
-    mover.add({1'048, 1'040, 1'000'000'000});
-    EXPECT_EQ(mover.bytesToAlignment(8), 0);
-    EXPECT_EQ(mover.bytesToAlignment(100), 65'536 - 92);
-    EXPECT_EQ(mover.bytesToAlignment(0), 8);
 }
 
 TEST_F(Passthrough, TheIndexFollowsWhenMediaDataArePushed) {
