@@ -3,7 +3,6 @@
 
 #include "library/ConvertedVideoCollectionViewCell.h"
 #include "library/ConvertedVideosViewController.h"
-#include "library/CustomPlayerVC.h"
 #include "library/LibraryReview.h"
 #include "library/VideoCollectionViewCell.h"
 #include "library/VideoDetailViewController.h"
@@ -16,7 +15,6 @@
 #include "platform/uikit/UIContextMenuController.h"
 #include "platform/uikit/UINavigationController.h"
 #include "platform/uikit/UIScreen.h"
-#include "settings/UserSettings.h"
 
 using namespace reelsmith;
 using namespace Qt::StringLiterals;
@@ -106,35 +104,6 @@ TEST_F(LibraryScreens, AReusedTileShowsItsOldPictureUntilTheNewOneComes) {
     view.setViewport(1000, 350, 724);
     ASSERT_NE(tile->titleLabel()->text(), before);
     EXPECT_FALSE(tile->thumbnailImageView()->image().isEmpty());
-}
-
-TEST_F(LibraryScreens, TheOptionsSheetLogsAndDeletesAndTheListForgets) {
-    for (const bool consents : {true, false}) {
-        UserSettings::shared().setSendUsageData(consents);
-        videoAt(u"a.mp4"_s, 0);
-        ConvertedVideosViewController& list = openList();
-        comeBack();
-        list.collectionView()->cell(0)->tap();
-        auto& sheet = await<VideoOptionsViewController>();
-        EXPECT_EQ(sheet.titleLabel()->text(), u"a.mp4"_s);
-        sheet.playTapped();
-        await<CustomPlayerVC>();
-        window().goBack();
-        ASSERT_EQ(&await<VideoOptionsViewController>(), &sheet);
-        sheet.shareTapped();
-        await<UIActivityViewController>();
-        window().goBack();
-        ASSERT_EQ(&await<VideoOptionsViewController>(), &sheet);
-        sheet.deleteTapped();
-        sheet.deleteTapped(); // a double tap
-        EXPECT_EQ(outputs(), QStringList());
-        EXPECT_TRUE(list.emptyStateView()->isHidden());
-        EXPECT_TRUE(isAtHome());
-        EXPECT_FALSE(list.emptyStateView()->isHidden());
-        EXPECT_EQ(events(), consents ? (QStringList{u"played_video"_s, u"shared_video"_s, u"deleted_video"_s})
-                                     : QStringList());
-        m_services.analytics->reset();
-    }
 }
 
 TEST_F(LibraryScreens, TheGridIsSortedNewestFirstAndCutsOneEnding) {

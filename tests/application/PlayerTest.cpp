@@ -101,23 +101,6 @@ TEST_F(Player, PlaysAndKeepsTheScreenOnUntilItHasGone) {
     EXPECT_TRUE(isAtHome());
 }
 
-TEST_F(Player, ItsControlsHideOnlyFromAVideoThatPlays) {
-    auto& screen = play();
-    screen.setControlsTime(std::chrono::milliseconds(1));
-    const auto areHidden = [&screen] { return screen.controlsView()->isHidden(); };
-    screen.pictureTapped();
-    EXPECT_FALSE(areHidden());
-    screen.playPauseTapped();
-    EXPECT_TRUE(runLoopUntil(areHidden));
-    screen.setControlsTime(std::chrono::hours(1));
-    screen.pictureTapped();
-    EXPECT_FALSE(areHidden());
-    screen.pictureTapped();
-    EXPECT_TRUE(areHidden());
-    screen.playPauseTapped();
-    EXPECT_FALSE(areHidden());
-}
-
 TEST_F(Player, IsSteeredByKeysAndByTheKnobForWhichItWaits) {
     auto& screen = play();
     const struct {
