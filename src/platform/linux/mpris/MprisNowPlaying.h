@@ -11,7 +11,7 @@ namespace reelsmith {
 
 /// Offers what is playing on the session bus, by the standard for media players. Without a bus nobody sees
 /// it. Main thread.
-class MprisNowPlaying : public NowPlaying {
+class MprisNowPlaying final : public NowPlaying {
 public:
     static inline const QString path = QStringLiteral("/org/mpris/MediaPlayer2");
     static inline const QString service = QStringLiteral("org.mpris.MediaPlayer2.reelsmith");
