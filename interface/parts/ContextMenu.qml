@@ -38,7 +38,8 @@ Overlay {
         readonly property real wantedY: overlay.isAbove ? overlay.anchorRect.y - Theme.gap24 - height
                                                         : overlay.anchorBottom + Theme.gap24
 
-        x: overlay.isAtRight ? overlay.anchorRight - width : Theme.sideMargin
+        x: Math.min(overlay.isAtRight ? overlay.anchorRight - width : Theme.sideMargin,
+                    parent.width - Theme.sideMargin - width)
         y: Math.max(Theme.overlayMargin, Math.min(overlay.height - Theme.overlayMargin - height, wantedY))
         width: Theme.menuWidth
         height: rows.height

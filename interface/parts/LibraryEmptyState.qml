@@ -3,6 +3,8 @@ import QtQuick
 
 /// What both layouts of the library show while it is empty.
 EmptyState {
+    id: empty
+
     title: "No videos yet"
     message: "Everything you convert is kept here, ready to play and share."
 
@@ -12,15 +14,22 @@ EmptyState {
         color: Theme.inkSoft
         size: Theme.rowIcon
     }
-    Row {
+    Flow {
+        // In two lines where there is no room for one.
+        width: Math.min(start.implicitWidth + place.implicitWidth,
+                        empty.width - 2 * Theme.gap32 - Theme.rowIcon - Theme.iconTextGap)
         Accessible.role: Accessible.StaticText
         Accessible.name: "Start with Convert to MP4"
 
         StyledText {
+            id: start
+
             text: "Start with "
             color: Theme.inkSoft
         }
         StyledText {
+            id: place
+
             text: "Convert to MP4"
             textStyle: Theme.strong
         }
