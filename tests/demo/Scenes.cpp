@@ -1,83 +1,150 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "demo/Scenes.h"
 
-#include "app/MainTabBarController.h"
-#include "conversion/ProgressViewController.h"
 #include "conversion/VideoConversionViewController.h"
+#include "fakes/ScriptedMailDrafts.h"
 #include "library/ConvertedVideosViewController.h"
 #include "library/FileSystem.h"
 #include "library/VideoPlayer.h"
 #include "library/VideosViewController.h"
 #include "platform/foundation/URLs.h"
 #include "platform/screens/AVPlayerViewController.h"
-#include "platform/screens/UIActivityViewController.h"
+#include "platform/screens/MFMailComposeViewController.h"
+#include "platform/screens/PlatformServices.h"
 #include "platform/screens/VideoCollection.h"
 #include "platform/uikit/UIAlertController.h"
+#include "platform/uikit/UIContextMenuController.h"
 #include "platform/uikit/UINavigationController.h"
+#include "platform/uikit/UITabBarController.h"
 #include "settings/FeedbackViewController.h"
 #include "settings/OnboardingViewControllerV2.h"
-#include "sources/URLInputViewController.h"
+#include "settings/SettingsViewController.h"
 #include "window/WindowApplication.h"
 
-#include <QTimer>
+#include <QFileInfo>
 #include <fstream>
 
 namespace reelsmith {
 
 namespace {
 
-MainTabBarController& tabs(WindowApplication& application) {
-    return *qobject_cast<MainTabBarController*>(application.delegate().window()->rootViewController());
+using Application = WindowApplication;
+
+void await(const std::function<bool()>& isSo) {
+    if (!runLoopUntil(isSo))
+        throw std::runtime_error("The scene does not come about");
 }
 
-VideoConversionViewController& convertScreen(WindowApplication& application) {
-    auto* stack = qobject_cast<UINavigationController*>(tabs(application).viewControllers().front());
-    return *qobject_cast<VideoConversionViewController*>(stack->topViewController());
+UIWindow& window(Application& application) {
+    return *application.delegate().window();
 }
 
-/// The newest of the made-up videos.
+template<typename Screen>
+Screen& front(Application& application) {
+    return awaitInFront<Screen>(window(application));
+}
+
+UITabBarController& tabs(Application& application) {
+    return *qobject_cast<UITabBarController*>(window(application).rootViewController());
+}
+
+UINavigationController& tab(Application& application, int index) {
+    tabs(application).setSelectedIndex(index);
+    return *qobject_cast<UINavigationController*>(
+        tabs(application).viewControllers().at(static_cast<std::size_t>(index)));
+}
+
+VideoConversionViewController& convertScreen(Application& application) {
+    return *qobject_cast<VideoConversionViewController*>(tab(application, 0).topViewController());
+}
+
+/// A cell of `view`, once the window shows it.
+ReusableCell& cell(CellsView& view, int index) {
+    await([&] { return view.cell(index) != nullptr; });
+    return *view.cell(index);
+}
+
+/// The newest of the films.
 QUrl someVideo() {
-    const std::vector<FoundVideo> videos = VideoCollection::find(VideoCollection::folders(), {});
-    return videos.empty() ? QUrl() : videos.front().url;
+    return VideoCollection::find(VideoCollection::folders(), {}).at(0).url;
 }
 
-void showProgress(WindowApplication& application) {
-    auto card = std::make_unique<ProgressViewController>(ProgressViewController::DisplayMode::convert);
-    card->setFile(QStringLiteral("Summer by the sea.mp4"), someVideo());
-    ProgressViewController* const shown = card.get();
-    tabs(application).present(std::move(card), Animated::No, [shown] {
-        shown->progressLabel()->setText(QStringLiteral("42%"));
-        shown->progressVIew()->setProgress(0.42);
-        shown->remainingLabel()->setText(QStringLiteral("about 1 min left"));
-    });
-}
-
-void showDownload(WindowApplication& application) {
-    auto card = std::make_unique<ProgressViewController>(ProgressViewController::DisplayMode::download);
-    card->setFile(QStringLiteral("summer.mp4"), std::nullopt);
-    card->showBytes(12'400'000, std::nullopt);
-    tabs(application).present(std::move(card), Animated::No);
-}
-
-void showOnboarding(WindowApplication& application, int page) {
-    auto screen = std::make_unique<OnboardingViewControllerV2>();
-    OnboardingViewControllerV2* const shown = screen.get();
-    application.delegate().window()->setRootViewController(std::move(screen));
-    for (int i = 0; i < page; ++i)
-        shown->continueTapped();
-}
-
-void showFeedback(WindowApplication& application) {
-    auto screen = std::make_unique<FeedbackViewController>();
-    FeedbackViewController* const shown = screen.get();
-    constexpr int fourthStar = 3;
-    tabs(application).present(std::move(screen), Animated::No, [shown] {
-        shown->starEvaluationView()->starSelected(fourthStar);
-    });
-}
-
-void showPicker(WindowApplication& application) {
+void showPicker(Application& application) {
     convertScreen(application).localMediaFilesTapped();
+    cell(*front<UIImagePickerController>(application).collectionView(), 0);
+}
+
+void showEmptyPicker(Application& application) {
+    auto picker = std::make_unique<UIImagePickerController>(std::vector<std::filesystem::path>());
+    UIImagePickerController& shown = *picker;
+    shown.setDelegate(&convertScreen(application));
+    tabs(application).present(std::move(picker), Animated::No);
+    await([&shown] { return !shown.emptyStateView()->isHidden(); });
+}
+
+UIDocumentPickerViewController& showPlaces(Application& application) {
+    convertScreen(application).importFromFilesTapped();
+    return front<UIDocumentPickerViewController>(application);
+}
+
+void showFolder(Application& application) {
+    UIDocumentPickerViewController& picker = showPlaces(application);
+    cell(*picker.tableView(), 1).tap();
+    await([&] { return !picker.isAtPlaces() && picker.activityIndicatorView()->isHidden(); });
+    cell(*picker.tableView(), 0);
+}
+
+void showQuality(Application& application) {
+    convertScreen(application).chooseQuality(someVideo());
+    const auto& card = front<ConversionQualityViewController>(application);
+    await([&card] { return card.estimates().first() != "–"; });
+}
+
+ProgressViewController& showCard(Application& application, ProgressViewController::DisplayMode mode) {
+    convertScreen(application).presentProgress(mode, {});
+    return front<ProgressViewController>(application);
+}
+
+void showProgress(Application& application) {
+    ProgressViewController& card = showCard(application, ProgressViewController::DisplayMode::convert);
+    card.setFile(QFileInfo(someVideo().path()).completeBaseName() + ".mp4", someVideo());
+    card.progressLabel()->setText("42%");
+    card.progressVIew()->setProgress(0.42);
+    card.remainingLabel()->setText("about 1 min left");
+}
+
+void showDownload(Application& application) {
+    ProgressViewController& card = showCard(application, ProgressViewController::DisplayMode::download);
+    card.setFile(someVideo().fileName(), std::nullopt);
+    card.showBytes(12'400'000, std::nullopt);
+}
+
+void showChoice(Application& application) {
+    auto sheet = std::make_unique<UIAlertController>("Which one?", "Either will do.",
+                                                     UIAlertController::Style::ActionSheet);
+    sheet->addAction("this", UIAlertController::ActionStyle::Default);
+    sheet->addAction("that", UIAlertController::ActionStyle::Destructive);
+    sheet->addAction("none", UIAlertController::ActionStyle::Cancel);
+    tabs(application).present(std::move(sheet), Animated::No);
+}
+
+void showMail(Application& application) {
+    PlatformServices::shared().mailDrafts = std::make_unique<ScriptedMailDrafts>();
+    tabs(application).present(std::make_unique<MFMailComposeViewController>(), Animated::No);
+}
+
+/// The onboarding, some pages on.
+template<int pages>
+void showOnboarding(Application& application) {
+    window(application).setRootViewController(std::make_unique<OnboardingViewControllerV2>());
+    for (int i = 0; i < pages; ++i)
+        front<OnboardingViewControllerV2>(application).continueTapped();
+}
+
+void showFeedback(Application& application) {
+    tabs(application).present(std::make_unique<FeedbackViewController>(), Animated::No);
+    constexpr int fourthStar = 3;
+    front<FeedbackViewController>(application).starEvaluationView()->starSelected(fourthStar);
 }
 
 void emptyLibrary() {
@@ -86,7 +153,7 @@ void emptyLibrary() {
         FileSystem::shared().deleteVideo(video.url());
 }
 
-/// The made-up videos, as if they had been converted.
+/// The films, as if they had been converted.
 void fillLibrary() {
     emptyLibrary();
     for (const FoundVideo& video : VideoCollection::find(VideoCollection::folders(), {})) {
@@ -98,124 +165,114 @@ void fillLibrary() {
     }
 }
 
-UINavigationController& libraryStack(WindowApplication& application) {
-    tabs(application).setSelectedIndex(1);
-    return *qobject_cast<UINavigationController*>(tabs(application).viewControllers().at(1));
-}
-
-void showEmptyLibrary(WindowApplication& application) {
-    emptyLibrary();
-    libraryStack(application);
-}
-
-ConvertedVideosViewController& showList(WindowApplication& application) {
+/// The second of the tiles in the list.
+ReusableCell& showList(Application& application) {
     fillLibrary();
-    return *qobject_cast<ConvertedVideosViewController*>(libraryStack(application).topViewController());
+    auto& list = *qobject_cast<ConvertedVideosViewController*>(tab(application, 1).topViewController());
+    return cell(*list.collectionView(), 1);
 }
 
-VideosViewController& showGrid(WindowApplication& application) {
+/// Of those in the grid.
+ReusableCell& showGrid(Application& application) {
     fillLibrary();
     auto grid = std::make_unique<VideosViewController>();
-    VideosViewController* const shown = grid.get();
-    libraryStack(application).setRootViewController(std::move(grid));
-    return *shown;
+    VideosViewController& shown = *grid;
+    tab(application, 1).setRootViewController(std::move(grid));
+    return cell(*shown.collectionView(), 1);
 }
 
-/// Once the window shows cells of `view`.
-void whenShown(CellsView& view, std::function<void(ReusableCell&)> act) {
-    constexpr std::chrono::milliseconds pause{50};
-    QTimer::singleShot(pause, &view, [&view, act = std::move(act)] {
-        if (ReusableCell* cell = view.cell(1))
-            act(*cell);
-        else
-            whenShown(view, act);
-    });
+void showOptions(Application& application) {
+    showList(application).tap();
+    front<VideoOptionsViewController>(application);
 }
 
-void showOptions(WindowApplication& application) {
-    whenShown(*showList(application).collectionView(), [](ReusableCell& cell) { cell.tap(); });
-}
-
-void showMenu(WindowApplication& application) {
+void showMenu(Application& application) {
     constexpr QPointF belowTheBar{0, 56};
-    whenShown(*showGrid(application).collectionView(),
-              [belowTheBar](ReusableCell& cell) { cell.openMenu(belowTheBar); });
+    showGrid(application).openMenu(belowTheBar);
+    front<UIContextMenuController>(application);
 }
 
-void showDetail(WindowApplication& application) {
-    whenShown(*showGrid(application).collectionView(), [](ReusableCell& cell) { cell.tap(); });
+template<typename Cell>
+void showMenuOf(Application& application) {
+    static Cell cell;
+    const UIContextMenuConfiguration menu{{}, {{"share", "share", UIAction::Style::Normal, {}}}};
+    UIContextMenuController::show(menu, cell, {200, 500, 160, 90});
+    front<UIContextMenuController>(application);
 }
 
-/// The player with one of the made-up videos, or one that is none, once it is up.
-void showPlayer(WindowApplication& application, const QUrl& video,
-                const std::function<void(AVPlayerViewController&)>& act) {
+UINavigationController& showDetail(Application& application) {
+    showGrid(application).tap();
+    UINavigationController& stack = tab(application, 1);
+    await([&stack] { return !stack.isToolbarHidden(); });
+    return stack;
+}
+
+void confirmDeletion(Application& application) {
+    showDetail(application).topViewController()->toolbarItems().back()->tap();
+    front<UIAlertController>(application);
+}
+
+AVPlayerViewController& play(Application& application, const QUrl& video) {
     VideoPlayer::play(video, tabs(application));
-    PresentationList& list = application.delegate().window()->presentations();
-    QObject::connect(
-        &list, &PresentationList::changed, &list,
-        [&application, act] {
-            act(*qobject_cast<AVPlayerViewController*>(application.delegate().window()->frontmost()));
-        },
-        Qt::SingleShotConnection);
+    return front<AVPlayerViewController>(application);
 }
 
-void seekInPlayer(AVPlayerViewController& player) {
-    constexpr qreal someSeconds = 15;
-    player.positionMoved(someSeconds);
-}
-
-void showBrokenVideo(WindowApplication& application) {
+void showBrokenVideo(Application& application) {
     fillLibrary();
     const std::filesystem::path broken = filePath(FileSystem::shared().outputsFolder()) / "Broken.mp4";
     std::ofstream(broken) << "no film";
-    showPlayer(application, fileUrl(broken.string()), [](AVPlayerViewController&) {});
+    play(application, fileUrl(broken.string()));
 }
 
-void confirmDeletion(WindowApplication& application) {
-    UINavigationController& stack = libraryStack(application);
-    showDetail(application);
-    QObject::connect(&stack, &UINavigationController::stackChanged, &stack, [&stack] {
-        if (!stack.isToolbarHidden())
-            stack.topViewController()->toolbarItems().back()->tap();
-    });
+void showLicences(Application& application) {
+    UINavigationController& stack = tab(application, 2);
+    qobject_cast<SettingsViewController*>(stack.topViewController())->licencesTapped();
+    await([&stack] { return stack.topViewController()->isVisible(); });
 }
 
 } // namespace
 
-QMap<QString, std::function<void(WindowApplication&)>> scenes() {
-    return {
-        {QStringLiteral("convert"), [](WindowApplication&) {}},
-        {QStringLiteral("photo-picker"), showPicker},
-        {QStringLiteral("files"), [](WindowApplication& a) { convertScreen(a).importFromFilesTapped(); }},
-        {QStringLiteral("url-card"), [](WindowApplication& a) { convertScreen(a).videoURLTapped(); }},
-        {QStringLiteral("quality-card"),
-         [](WindowApplication& a) { convertScreen(a).chooseQuality(someVideo()); }},
-        {QStringLiteral("progress-card"), showProgress},
-        {QStringLiteral("download-card"), showDownload},
-        {QStringLiteral("share-sheet"), [](WindowApplication& a) { convertScreen(a).share(someVideo()); }},
-        {QStringLiteral("failure-alert"),
-         [](WindowApplication& a) {
-             convertScreen(a).presentFailure(QStringLiteral("convert"), QStringLiteral("Invalid file"));
+const QMap<QString, void (*)(WindowApplication&)>& scenes() {
+    static const QMap<QString, void (*)(WindowApplication&)> all{
+        {"convert", [](Application&) {}},
+        {"still-converting",
+         [](Application& a) { convertScreen(a).stillConvertingView()->setHidden(false); }},
+        {"photo-picker", showPicker},
+        {"photo-picker-empty", showEmptyPicker},
+        {"files", [](Application& a) { showPlaces(a); }},
+        {"folder", showFolder},
+        {"url-card", [](Application& a) { convertScreen(a).videoURLTapped(); }},
+        {"quality-card", showQuality},
+        {"progress-card", showProgress},
+        {"download-card", showDownload},
+        {"share-sheet", [](Application& a) { convertScreen(a).share(someVideo()); }},
+        {"failure-alert", [](Application& a) { convertScreen(a).presentFailure("convert", "Invalid file"); }},
+        {"choice", showChoice},
+        {"library-empty",
+         [](Application& a) {
+             emptyLibrary();
+             tab(a, 1);
          }},
-        {QStringLiteral("library-empty"), showEmptyLibrary},
-        {QStringLiteral("library-list"), [](WindowApplication& a) { showList(a); }},
-        {QStringLiteral("library-grid"), [](WindowApplication& a) { showGrid(a); }},
-        {QStringLiteral("library-grid-menu"), showMenu},
-        {QStringLiteral("options-sheet"), showOptions},
-        {QStringLiteral("detail"), showDetail},
-        {QStringLiteral("delete-confirm"), confirmDeletion},
-        {QStringLiteral("player"), [](WindowApplication& a) { showPlayer(a, someVideo(), seekInPlayer); }},
-        {QStringLiteral("player-playing"),
-         [](WindowApplication& a) {
-             showPlayer(a, someVideo(), [](AVPlayerViewController& player) { player.playPauseTapped(); });
-         }},
-        {QStringLiteral("player-error"), showBrokenVideo},
-        {QStringLiteral("settings"), [](WindowApplication& a) { tabs(a).setSelectedIndex(2); }},
-        {QStringLiteral("feedback"), showFeedback},
-        {QStringLiteral("onboarding-0"), [](WindowApplication& a) { showOnboarding(a, 0); }},
-        {QStringLiteral("onboarding-1"), [](WindowApplication& a) { showOnboarding(a, 1); }},
-        {QStringLiteral("onboarding-2"), [](WindowApplication& a) { showOnboarding(a, 2); }},
+        {"library-list", [](Application& a) { showList(a); }},
+        {"library-grid", [](Application& a) { showGrid(a); }},
+        {"library-grid-menu", showMenu},
+        {"plain-tile", showMenuOf<UICollectionViewCell>},
+        {"plain-row", showMenuOf<UITableViewCell>},
+        {"options-sheet", showOptions},
+        {"detail", [](Application& a) { showDetail(a); }},
+        {"delete-confirm", confirmDeletion},
+        {"player", [](Application& a) { play(a, someVideo()).positionMoved(15); }},
+        {"player-playing", [](Application& a) { play(a, someVideo()).playPauseTapped(); }},
+        {"player-error", showBrokenVideo},
+        {"settings", [](Application& a) { tab(a, 2); }},
+        {"licences", showLicences},
+        {"mail", showMail},
+        {"feedback", showFeedback},
+        {"onboarding-0", showOnboarding<0>},
+        {"onboarding-1", showOnboarding<1>},
+        {"onboarding-2", showOnboarding<2>},
     };
+    return all;
 }
 
 } // namespace reelsmith

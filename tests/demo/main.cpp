@@ -24,13 +24,13 @@ namespace {
 constexpr std::chrono::milliseconds stillness{700};
 
 QSize parsedSize(const QString& text) {
-    return {text.section(QLatin1Char('x'), 0, 0).toInt(), text.section(QLatin1Char('x'), 1).toInt()};
+    return {text.section('x', 0, 0).toInt(), text.section('x', 1).toInt()};
 }
 
 LinuxPlatform platform(const QCommandLineParser& options) {
     LinuxPlatform made;
-    made.appearance = std::make_unique<DemoAppearance>(DesktopAppearance::Settings{
-        options.isSet(QStringLiteral("dark")), options.value(QStringLiteral("text")).toDouble(), false});
+    made.appearance = std::make_unique<DemoAppearance>(
+        DesktopAppearance::Settings{options.isSet("dark"), options.value("text").toDouble(), false});
     made.services.fileSharing = std::make_unique<DemoFileSharing>();
     return made;
 }
@@ -51,31 +51,28 @@ int main(int argc, char** argv) {
     QGuiApplication application(argc, argv);
     QCommandLineParser options;
     options.addHelpOption();
-    options.addOptions(
-        {{QStringLiteral("scene"), QStringLiteral("what to show"), QStringLiteral("NAME"),
-          QStringLiteral("convert")},
-         {QStringLiteral("size"), QStringLiteral("of the window"), QStringLiteral("SIZE"),
-          QStringLiteral("390x844")},
-         {QStringLiteral("dark"), QStringLiteral("dark colours")},
-         {QStringLiteral("text"), QStringLiteral("scale of the text"), QStringLiteral("SCALE"),
-          QStringLiteral("1")},
-         {QStringLiteral("picture"), QStringLiteral("save the window and end"), QStringLiteral("FILE")}});
+    options.addOptions({{"scene", "what to show", "NAME", "convert"},
+                        {"size", "of the window", "SIZE", "390x844"},
+                        {"dark", "dark colours"},
+                        {"text", "scale of the text", "SCALE", "1"},
+                        {"picture", "save the window and end", "FILE"}});
     options.process(application);
-    const auto scene = scenes().value(options.value(QStringLiteral("scene")));
+    const auto scene = scenes().value(options.value("scene"));
     if (!scene)
-        qFatal("There is no such scene; there are: %s", qPrintable(scenes().keys().join(QLatin1Char(' '))));
+        qFatal("There is no such scene; there are: %s", qPrintable(scenes().keys().join(' ')));
 
     AVPlayer::setPlaybackFactory([] { return std::make_unique<MultimediaPlayback>(); });
     UserSettings::shared().setDidShowOnboarding(true);
     WindowApplication demo(platform(options), std::make_shared<ScriptedHTTPClient>());
-    demo.quickWindow().resize(parsedSize(options.value(QStringLiteral("size"))));
+    demo.quickWindow().resize(parsedSize(options.value("size")));
     demo.launch({});
-    scene(demo);
-    if (options.isSet(QStringLiteral("picture"))) {
+    if (options.isSet("picture")) {
         // A caret that blinks never lets the window rest.
         QGuiApplication::styleHints()->setCursorFlashTime(0);
         demo.appearance().setDurationsScale(0);
-        saveWhenStill(demo.quickWindow(), options.value(QStringLiteral("picture")));
     }
+    scene(demo);
+    if (options.isSet("picture"))
+        saveWhenStill(demo.quickWindow(), options.value("picture"));
     return QGuiApplication::exec();
 }

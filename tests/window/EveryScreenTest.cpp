@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Layout.h"
-#include "Situations.h"
+#include "TestApplication.h"
+
+#include "fakes/ScriptedPlayback.h"
+#include "platform/avfoundation/AVPlayer.h"
 
 #include <QAccessible>
 #include <QDir>
@@ -13,22 +16,37 @@
 namespace reelsmith {
 namespace {
 
-/// Runs `check` in each situation, and says in which it failed.
-void inEverySituation(const std::function<void(TestApplication&, const Situation&)>& check) {
-    for (const Situation& situation : situations()) {
-        SCOPED_TRACE(situation.name);
-        TestApplication application;
-        situation.reach(application);
-        application.settle();
-        check(application, situation);
+/// The application with videos of long names, at one of its screens.
+class ApplicationAt : public TestApplication {
+public:
+    explicit ApplicationAt(void (*show)(WindowApplication&)) {
+        AVPlayer::setPlaybackFactory([] { return std::make_unique<ScriptedPlayback>(); });
+        for (const char* video : {".mp4", " again.mp4"}) {
+            homeFile("Videos/" + longName + video, "thumbnail picture 64 36\n");
+            homeFile("Documents/Reelsmith/outputs/" + longName + video);
+        }
+        show(application());
+        settle();
+    }
+    ~ApplicationAt() {
+        AVPlayer::setPlaybackFactory([] { return std::make_unique<VideoPlayback>(); });
+    }
+};
+
+/// Runs `check` at each screen, and says at which it failed.
+void onEveryScreen(const std::function<void(TestApplication&)>& check) {
+    for (const auto& [name, show] : scenes().asKeyValueRange()) {
+        SCOPED_TRACE(name.toStdString());
+        ApplicationAt application(show);
+        check(application);
     }
 }
 
-// A new interface file belongs into the situations.
-TEST(EveryScreen, IsSeenInSomeSituation) {
+// A new interface file belongs into a scene.
+TEST(EveryScreen, IsSeenInSomeScene) {
     QStringList unseen = QDir(":/qt/qml/Reelsmith/Screens").entryList({"*.qml"});
     ASSERT_FALSE(unseen.isEmpty());
-    inEverySituation([&unseen](TestApplication& application, const Situation&) {
+    onEveryScreen([&unseen](TestApplication& application) {
         for (const QQuickItem* item : visibleItems(application.frontItem())) {
             if (const QQmlContext* context = qmlContext(item))
                 unseen.removeOne(context->baseUrl().fileName());
@@ -38,7 +56,7 @@ TEST(EveryScreen, IsSeenInSomeSituation) {
 }
 
 TEST(EveryScreen, GoesBackByEscapeAndItsItemBeforeItself) {
-    inEverySituation([](TestApplication& application, const Situation&) {
+    onEveryScreen([](TestApplication& application) {
         for (int steps = 0; &application.frontScreen() != &application.root(); ++steps) {
             ASSERT_LT(steps, 3) << "it does not go";
             QStringList gone;
@@ -57,7 +75,7 @@ TEST(EveryScreen, GoesBackByEscapeAndItsItemBeforeItself) {
 }
 
 TEST(EveryControl, HasANameARoleAndAFingertipsRoom) {
-    inEverySituation([](TestApplication& application, const Situation&) {
+    onEveryScreen([](TestApplication& application) {
         for (QQuickItem* control : controls(application.frontItem())) {
             QAccessibleInterface* const spoken = QAccessible::queryAccessibleInterface(control);
             ASSERT_NE(spoken, nullptr) << description(*control);
@@ -92,7 +110,7 @@ bool isReached(const QQuickItem& control, const std::vector<QQuickItem*>& order)
 }
 
 TEST(EveryControl, IsReachedByTabWhichNeverLeavesTheScreenInFront) {
-    inEverySituation([](TestApplication& application, const Situation&) {
+    onEveryScreen([](TestApplication& application) {
         const std::vector<QQuickItem*> order = tabOrder(application);
         for (const QQuickItem* control : controls(application.frontItem()))
             EXPECT_TRUE(isReached(*control, order)) << description(*control);
@@ -104,12 +122,10 @@ TEST(EveryControl, IsReachedByTabWhichNeverLeavesTheScreenInFront) {
 }
 
 TEST(EveryControl, IsPressedByReturn) {
-    for (const Situation& situation : situations()) {
-        SCOPED_TRACE(situation.name);
+    for (const auto& [name, show] : scenes().asKeyValueRange()) {
+        SCOPED_TRACE(name.toStdString());
         for (std::size_t stop = 0, count = 1; stop < count; ++stop) {
-            TestApplication application;
-            situation.reach(application);
-            application.settle();
+            ApplicationAt application(show);
             std::vector<QQuickItem*> buttons = tabOrder(application);
             std::erase_if(buttons, [](QQuickItem* item) { return !item->inherits("QQuickAbstractButton"); });
             count = buttons.size();
@@ -117,23 +133,23 @@ TEST(EveryControl, IsPressedByReturn) {
                 break;
             QSignalSpy presses(buttons.at(stop), SIGNAL(clicked()));
             buttons.at(stop)->forceActiveFocus(Qt::TabFocusReason);
-            const std::string name = description(*buttons.at(stop));
+            const std::string button = description(*buttons.at(stop));
             application.press(Qt::Key_Return);
-            EXPECT_EQ(presses.count(), 1) << name;
+            EXPECT_EQ(presses.count(), 1) << button;
         }
     }
 }
 
 TEST(EveryScreen, FitsEveryWindowAndTextSize) {
-    inEverySituation([](TestApplication& application, const Situation& situation) {
+    onEveryScreen([](TestApplication& application) {
         for (const qreal textScale : {1.0, 1.5}) {
             application.appearance().setTextScale(textScale);
             application.appearance().setDark(textScale > 1);
             for (const QSize size : {QSize(360, 640), QSize(390, 844), QSize(844, 390), QSize(1280, 800)}) {
                 application.resize(size);
                 for (const std::string& flaw : flaws(application.window(), application.frontItem()))
-                    ADD_FAILURE() << situation.name << ", " << size.width() << 'x' << size.height()
-                                  << ", text " << textScale << ": " << flaw;
+                    ADD_FAILURE() << size.width() << 'x' << size.height() << ", text " << textScale << ": "
+                                  << flaw;
             }
         }
     });

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Layout.h"
 
-#include "Situations.h"
+#include "TestApplication.h"
 
 #include <QDir>
 #include <QFontMetricsF>
@@ -27,7 +27,8 @@ bool isText(const QQuickItem& item) {
 QRectF letters(const QQuickItem& text) {
     const QFontMetricsF metrics(text.property("font").value<QFont>());
     const qreal above = metrics.ascent() - metrics.capHeight();
-    const qreal air = text.property("lineHeight").toReal() - metrics.height();
+    const qreal ink = metrics.tightBoundingRect(text.property("text").toString()).bottom();
+    const qreal air = text.property("lineHeight").toReal() - metrics.ascent() - qMax(0.0, ink);
     const QSizeF content(text.property("contentWidth").toReal(), text.property("contentHeight").toReal());
     const auto alignment = Qt::Alignment(text.property("effectiveHorizontalAlignment").toInt());
     const qreal free = text.width() - content.width();

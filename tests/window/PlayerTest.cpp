@@ -5,6 +5,7 @@
 #include "library/VideoPlayer.h"
 #include "platform/linux/multimedia/MultimediaPlayback.h"
 #include "platform/screens/AVPlayerViewController.h"
+#include "settings/OnboardingViewControllerV2.h"
 
 #include <QDir>
 #include <QProcess>
@@ -39,11 +40,10 @@ protected:
 
     AVPlayerViewController& open(const QUrl& url) {
         VideoPlayer::play(url, m_application.root());
-        return *m_application.await<AVPlayerViewController>();
+        return m_application.await<AVPlayerViewController>();
     }
-    /// Right of the button in the middle.
-    bool isSeen(const QColor& wanted) {
-        const QPoint place(m_application.window().width() / 2, m_application.window().height() / 2 - 60);
+    /// At `place`: above the button in the middle.
+    bool isSeen(const QColor& wanted, QPoint place = {390 / 2, 844 / 2 - 60}) {
         return runLoopUntil([&] {
             const QColor seen = m_application.window().grabWindow().pixelColor(place);
             m_seen = seen.name();
@@ -92,6 +92,11 @@ TEST_F(PlayerScreen, BeginsPausedSeeksAndStopsAtTheLastPictureFromWhichItStartsO
     m_application.press(Qt::Key_Escape);
     m_application.settle();
     EXPECT_EQ(&m_application.frontScreen(), &m_application.root());
+}
+
+TEST_F(PlayerScreen, TheIntroductionFillsTheWindow) {
+    m_application.screens().setRootViewController(std::make_unique<OnboardingViewControllerV2>());
+    EXPECT_TRUE(isSeen("#1B9590", {135, 10})) << qPrintable(m_seen);
 }
 
 TEST_F(PlayerScreen, SaysWhyAFileCannotBePlayed) {

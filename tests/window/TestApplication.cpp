@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "TestApplication.h"
 
+#include "demo/DemoServices.h"
 #include "fakes/ScriptedHTTPClient.h"
 #include "platform/foundation/OngoingWork.h"
 #include "settings/UserSettings.h"
@@ -14,16 +15,9 @@ namespace reelsmith {
 
 namespace {
 
-class EverySharing : public FileSharing {
-    QList<Action> availableActions() const override {
-        return {Action::OpenWith, Action::SendByMail, Action::SaveCopy, Action::ShowInFolder,
-                Action::CopyFile};
-    }
-};
-
 LinuxPlatform platform() {
     LinuxPlatform platform;
-    platform.services.fileSharing = std::make_unique<EverySharing>();
+    platform.services.fileSharing = std::make_unique<DemoFileSharing>();
     return platform;
 }
 

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "demo/Scenes.h"
 #include "fakes/ConsoleCapture.h"
-#include "fakes/RunLoop.h"
 
-#include "platform/uikit/UIViewController.h"
-#include "platform/uikit/UIWindow.h"
 #include "window/Appearance.h"
 #include "window/WindowApplication.h"
 
@@ -22,6 +20,7 @@ public:
     /// Lets all that waits for the end go on to its own.
     ~TestApplication();
 
+    WindowApplication& application() { return *m_application; }
     QQuickWindow& window() { return m_application->quickWindow(); }
     Appearance& appearance() { return m_application->appearance(); }
     UIWindow& screens() { return *m_application->delegate().window(); }
@@ -37,15 +36,10 @@ public:
 
     /// Runs until no change of screens is going on or asked for.
     void settle();
-    /// Settles, and until such a screen is in front; null if none ever is.
+    /// Settles, and until such a screen is in front; throws, which ends the test, if none ever is.
     template<typename Screen>
-    Screen* await() {
-        Screen* found = nullptr;
-        runLoopUntil([&] {
-            found = qobject_cast<Screen*>(&frontScreen());
-            return found != nullptr && screens().presentations().isIdle();
-        });
-        return found;
+    Screen& await() {
+        return awaitInFront<Screen>(screens());
     }
 
     /// The control in front of that object name or label; a failure if it is not there to see.
@@ -75,6 +69,9 @@ QRectF sceneRectangle(const QQuickItem& item);
 /// What has a conversion of the scripted worker wait for the end of the application, or for this file.
 const QString endMark = "Videos/the end";
 QByteArray awaitingEnd();
+
+/// A name longer than any window is wide.
+const QString longName = "Summer holidays with grandma and all of the cousins at the lake in the mountains";
 
 /// A file in the home folder, made with all the folders above it.
 QString homeFile(const QString& name, const QByteArray& contents = {});

@@ -32,9 +32,9 @@ TEST(Window, TwoTapsAtOnceGiveOneScreen) {
     }
     TestApplication application;
     application.open(homeFile("Videos/film.avi", awaitingEnd()));
-    ASSERT_TRUE(application.await<ConversionQualityViewController>());
+    application.await<ConversionQualityViewController>();
     application.tapTwice("convert");
-    ASSERT_TRUE(application.await<ProgressViewController>());
+    application.await<ProgressViewController>();
     EXPECT_EQ(application.screens().presentations().screens().size(), 1U);
 }
 
@@ -42,11 +42,10 @@ TEST(Window, WhatLiesBelowACardGetsNeitherTapsNorKeys) {
     TestApplication application;
     const QPointF below = sceneRectangle(application.control("tab2")).center();
     application.tap("webAddress");
-    auto* const card = application.await<URLInputViewController>();
-    ASSERT_NE(card, nullptr);
+    auto& card = application.await<URLInputViewController>();
     EXPECT_FALSE(application.rootItem().isEnabled());
     application.type("http");
-    EXPECT_EQ(card->textField()->text(), "http");
+    EXPECT_EQ(card.textField()->text(), "http");
     application.tapAt(below);
     application.settle();
     EXPECT_EQ(application.root().property("selectedIndex"), 0);
@@ -66,21 +65,19 @@ TEST(Window, AVideoIsConvertedByKeysAlone) {
     homeFile("Videos/film.avi", goodScript);
     tabTo(application, "photoLibrary");
     application.press(Qt::Key_Return);
-    auto* const picker = application.await<UIImagePickerController>();
-    ASSERT_NE(picker, nullptr);
-    ASSERT_TRUE(runLoopUntil([picker] { return picker->collectionView()->cell(0) != nullptr; }));
+    auto& picker = application.await<UIImagePickerController>();
+    ASSERT_TRUE(runLoopUntil([&picker] { return picker.collectionView()->cell(0) != nullptr; }));
     tabTo(application, "videos");
     application.press(Qt::Key_Right);
     application.press(Qt::Key_Return);
-    auto* const card = application.await<ConversionQualityViewController>();
-    ASSERT_NE(card, nullptr);
+    auto& card = application.await<ConversionQualityViewController>();
     tabTo(application, "quality");
     application.press(Qt::Key_Right);
-    EXPECT_EQ(card->quality(), ConversionQuality::medium);
+    EXPECT_EQ(card.quality(), ConversionQuality::medium);
     tabTo(application, "name");
     application.type("by keys");
     application.press(Qt::Key_Return);
-    ASSERT_TRUE(application.await<UIActivityViewController>());
+    application.await<UIActivityViewController>();
     EXPECT_TRUE(isInLibrary("by keys.mp4"));
 }
 
@@ -98,41 +95,25 @@ TEST(Window, AFileDroppedOnItIsTakenAndAnythingElseIsNot) {
     EXPECT_FALSE(drop("https://example.org/film.mp4"));
     EXPECT_EQ(&application.frontScreen(), &application.root());
     EXPECT_TRUE(drop(QUrl::fromLocalFile(homeFile("Videos/film.mp4")).toString()));
-    EXPECT_TRUE(application.await<ConversionQualityViewController>());
+    application.await<ConversionQualityViewController>();
 }
 
-class ClosingWindow : public testing::Test {
-protected:
-    /// Closes the window in the middle of a conversion; presses the button of that name, once asked.
-    void closeAndAnswer(const char* button) {
-        m_application.open(homeFile("Videos/film.avi", "export progress 0.5\n" + awaitingEnd() + goodScript));
-        ASSERT_TRUE(m_application.await<ConversionQualityViewController>());
-        m_application.tap("convert");
-        auto* const card = m_application.await<ProgressViewController>();
-        ASSERT_TRUE(card && runLoopUntil([card] { return card->progressLabel()->text() == "50%"; }));
-        m_application.window().close();
-        auto* const question = m_application.await<UIAlertController>();
-        ASSERT_NE(question, nullptr);
-        EXPECT_EQ(question->title(), "Stop converting?");
-        m_application.tap(button);
-    }
-
-    TestApplication m_application;
-};
-
-TEST_F(ClosingWindow, DuringAConversionItAsksAndMayGoOn) {
-    closeAndAnswer("keep converting");
-    ASSERT_TRUE(m_application.await<ProgressViewController>());
-    EXPECT_TRUE(m_application.window().isVisible());
+TEST(Window, ClosingItDuringAConversionAsksAndMayGoOn) {
+    TestApplication application;
+    application.open(homeFile("Videos/film.avi", "export progress 0.5\n" + awaitingEnd() + goodScript));
+    application.await<ConversionQualityViewController>();
+    application.tap("convert");
+    auto& card = application.await<ProgressViewController>();
+    ASSERT_TRUE(runLoopUntil([&card] { return card.progressLabel()->text() == "50%"; }));
+    application.window().close();
+    EXPECT_EQ(application.await<UIAlertController>().title(), "Stop converting?");
+    application.tap("keep converting");
+    application.await<ProgressViewController>();
+    EXPECT_TRUE(application.window().isVisible());
     homeFile(endMark);
-    ASSERT_TRUE(m_application.await<UIActivityViewController>());
+    application.await<UIActivityViewController>();
     EXPECT_TRUE(isInLibrary("film.mp4"));
-    EXPECT_TRUE(m_application.window().close());
-}
-
-TEST_F(ClosingWindow, DuringAConversionItClosesOnceThatIsToStop) {
-    closeAndAnswer("stop");
-    EXPECT_TRUE(runLoopUntil([this] { return !m_application.window().isVisible(); }));
+    EXPECT_TRUE(application.window().close());
 }
 
 } // namespace
