@@ -23,20 +23,12 @@ TEST(Console, PrintsUtf8LinesToStandardOutputUnlessASinkTakesThem) {
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "Zo\xC3\xAB\n\n");
 }
 
-TEST(DispatchQueue, MainRunsWorkInOrderOnTheApplicationsThreadAndNeverAtOnce) {
-    QStringList ran;
-    QThread* workThread = nullptr;
-    DispatchQueue::main().async([&] { ran.append(QStringLiteral("first")); });
-    std::thread([&] {
-        DispatchQueue::main().async([&] {
-            workThread = QThread::currentThread();
-            ran.append(QStringLiteral("second"));
-        });
-    }).join();
-    EXPECT_TRUE(ran.isEmpty());
+TEST(DispatchQueue, MainRunsTheWorkOfAnyThreadLaterOnTheApplicationsThread) {
+    QThread* ranOn = nullptr;
+    std::thread([&] { DispatchQueue::main().async([&] { ranOn = QThread::currentThread(); }); }).join();
+    EXPECT_EQ(ranOn, nullptr);
     QCoreApplication::sendPostedEvents();
-    EXPECT_EQ(ran, (QStringList{QStringLiteral("first"), QStringLiteral("second")}));
-    EXPECT_EQ(workThread, QCoreApplication::instance()->thread());
+    EXPECT_EQ(ranOn, QThread::currentThread());
 }
 
 TEST(DispatchQueue, GlobalRunsWorkElsewhereThoughManyAreWaiting) {

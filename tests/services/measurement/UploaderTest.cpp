@@ -50,7 +50,7 @@ struct UploaderTest : testing::Test {
 };
 
 struct AnswerCase {
-    ServiceAnswer answer;
+    ServiceResult answer;
     qsizetype storedAfterwards;
     std::chrono::seconds wait; // at least, and up to a half more
     QString loss = {};
@@ -59,17 +59,23 @@ struct AnswerCase {
 } // namespace
 
 TEST_F(UploaderTest, TheAnswerDecidesWhatStaysAndForHowLong) {
-    const AnswerCase cases[] = {
-        {{200}, 0, 3599s},
-        {{200, {}, R"({"partialSuccess": {"rejectedLogRecords": "3"}})"}, 0, 3599s, u"rejection"_s},
-        {{200, {}, R"({"partialSuccess": {"rejectedLogRecords": 3}})"}, 0, 3599s, u"rejection"_s},
-        {{404}, 0, 3599s, u"refusal"_s},
-        {{503}, 3, 29s},
-        {{429, {{"retry-after", "600"}}}, 3, 599s},
+    QList<AnswerCase> cases{
+        {ServiceAnswer{200, {}, R"({"partialSuccess": {"rejectedLogRecords": "3"}})"}, 0, 3599s,
+         u"rejection"_s},
+        {ServiceAnswer{200, {}, R"({"partialSuccess": {"rejectedLogRecords": 3}})"}, 0, 3599s,
+         u"rejection"_s},
+        {ServiceAnswer{429, {{"retry-after", "600"}}}, 3, 599s},
+        {tl::unexpected(ServiceError{u"gone"_s}), 3, 29s},
     };
+    for (const int status : {200, 204})
+        cases.append({ServiceAnswer{status}, 0, 3599s});
+    for (const int status : {302, 429, 502, 503, 504})
+        cases.append({ServiceAnswer{status}, 3, 29s});
+    for (const int status : {400, 401, 403, 404, 408, 413, 500, 501})
+        cases.append({ServiceAnswer{status}, 0, 3599s, u"refusal"_s});
     auto connection = SqliteConnection::open(m_folder.filePath(u"events.sqlite"_s), 1s);
     for (const auto& [answer, storedAfterwards, wait, loss] : cases) {
-        SCOPED_TRACE(answer.status);
+        SCOPED_TRACE(answer ? answer->status : 0);
         m_database.remove(m_database.oldest(10), {});
         (*connection)->run("DELETE FROM losses");
         store(3);
