@@ -24,9 +24,9 @@ OUTPUTS = HOME / "Documents/Reelsmith/outputs"
 PRINTED = HOME / "printed"
 
 
-def make_video(path, seconds=1, codec="mpeg4"):
+def make_video(path, seconds=1, codec="mpeg4", rate=25):
     path.parent.mkdir(parents=True, exist_ok=True)
-    subprocess.run(["ffmpeg", "-v", "error", "-y", "-f", "lavfi", "-i", f"testsrc2=s=320x240:r=25:d={seconds}",
+    subprocess.run(["ffmpeg", "-v", "error", "-y", "-f", "lavfi", "-i", f"testsrc2=s=320x240:r={rate}:d={seconds}",
                     "-c:v", codec, os.fspath(path)], check=True, stdin=subprocess.DEVNULL)
     return path
 

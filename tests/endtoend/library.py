@@ -45,7 +45,7 @@ class Library(ApplicationTest):
         self.assertIn("DID_SHOW_ONBOARDING=true", SETTINGS.read_text())
 
     def convert_from_photos(self, name):
-        make_video(HOME / "Videos/holiday.avi")
+        make_video(HOME / "Videos/holiday.avi", seconds=25, rate=1)  # long enough to be paused
         open_tab("Convert to MP4")
         press("Photo library", "push button")
         press("holiday.avi", "list item")
