@@ -195,9 +195,11 @@ TEST_F(ConvertFlow, ASecondConversionTakesThePlaceOfTheFirstWhoseFileStillAppear
     convert(u"second"_s);
     await<UIActivityViewController>().cancelTapped();
     ASSERT_TRUE(isAtHome());
+    const qint64 before = UserSettings::shared().conversionCount();
     file(u"mark"_s);
     EXPECT_TRUE(runLoopUntil([] { return outputs() == QStringList{u"first.mp4"_s, u"second.mp4"_s}; }));
     EXPECT_EQ(m_console.lines().count(u"ENDED"_s), 1);
+    EXPECT_EQ(UserSettings::shared().conversionCount(), before);
 }
 
 TEST_F(ConvertFlow, AScreenThatIsGoneIsNotCalledBack) {

@@ -1,12 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Support.h"
 
-#include "mediaworker/Channel.h"
 #include "platform/avfoundation/AVAssetExportSession.h"
 #include "platform/foundation/URLs.h"
-
-#include <fcntl.h>
-#include <sys/file.h>
 
 using namespace reelsmith;
 using namespace Qt::StringLiterals;
@@ -40,11 +36,6 @@ protected:
 const QByteArray goodExport = "export write result\n";
 
 } // namespace
-
-TEST_F(ExportSession, AnUnknownPresetYieldsNone) {
-    EXPECT_EQ(AVAssetExportSession::initWithAsset(AVAsset(QUrl()), u"AVAssetExportPreset1280x720"_s),
-              nullptr);
-}
 
 TEST_F(ExportSession, AFailureLeavesTheOldFileAndSaysWhy) {
     const QUrl output = inOutputs(u"a.mp4"_s);
@@ -115,29 +106,4 @@ TEST_F(ExportSession, CancellingEndsItUntilTheResultStandsInPlaceOfTheOldFile) {
     EXPECT_FALSE(completed->error());
     EXPECT_EQ(contents(output), "result");
     EXPECT_EQ(outputs(), QStringList{u"a.mp4"_s});
-}
-
-TEST_F(ExportSession, ASecondStartIsFatal) {
-    EXPECT_DEATH(
-        {
-            const auto session = this->session("export hang\n", inOutputs(u"a.mp4"_s));
-            session->exportAsynchronously([] {});
-            session->exportAsynchronously([] {});
-        },
-        "Fatal error: An export session exports once");
-}
-
-TEST_F(ExportSession, LeftoversAreRemovedUnlessAProcessHoldsThem) {
-    std::filesystem::create_directory(filePath(inOutputs(u"sub"_s)));
-    write(inOutputs(u".reelsmith-dead0000.part"_s), "half");
-    write(inOutputs(u"sub/.reelsmith-dead0001.part"_s), "half");
-    write(inOutputs(u".reelsmith-kept"_s), {});
-    write(inOutputs(u".reelsmith-live0000.part"_s), "half");
-    const mediaworker::Descriptor held(
-        ::open(filePath(inOutputs(u".reelsmith-live0000.part"_s)).c_str(), O_RDWR | O_CLOEXEC));
-    ASSERT_EQ(::flock(held.number(), LOCK_EX | LOCK_NB), 0);
-
-    FileSystem::shared().removeLeftovers();
-    EXPECT_TRUE(std::filesystem::is_empty(filePath(inOutputs(u"sub"_s))));
-    EXPECT_EQ(outputs(), (QStringList{u".reelsmith-kept"_s, u".reelsmith-live0000.part"_s, u"sub"_s}));
 }

@@ -24,12 +24,14 @@ protected:
 
 } // namespace
 
-TEST_F(RealWorker, ALargePictureIsMadeToFitAndKeepsItsColours) {
+TEST_F(RealWorker, ALargePictureIsMadeToFitUprightAndKeepsItsColours) {
+    const QUrl lying =
+        ffmpeg(u"-f lavfi -i color=red:s=1280x720:d=3725.9:r=1/60 -pix_fmt yuv420p"_s, u"lying.mp4"_s);
     const QUrl url =
-        ffmpeg(u"-f lavfi -i color=red:s=1280x720:d=3725.9:r=1/60 -pix_fmt yuv420p"_s, u"red.mp4"_s);
+        ffmpeg(u"-i "_s + lying.toLocalFile() + u" -c copy -metadata:s:v rotate=90"_s, u"upright.mp4"_s);
     const UIImage image = thumbnail(url);
-    EXPECT_EQ(image.size().width(), 500);
-    EXPECT_NEAR(image.size().height(), 281, 1);
+    EXPECT_EQ(image.size().height(), 500);
+    EXPECT_NEAR(image.size().width(), 281, 1);
     const auto pixel = [&image](qsizetype byte) {
         return static_cast<unsigned char>(image.cgImage().pixels.at(byte));
     };
@@ -39,14 +41,5 @@ TEST_F(RealWorker, ALargePictureIsMadeToFitAndKeepsItsColours) {
         EXPECT_LT(pixel(byte + 2), 30);
         EXPECT_EQ(pixel(byte + 3), 255);
     }
-    EXPECT_EQ(ConvertedVideo(url).resolutionText(), resolutionText({1280, 720}, QLocale::system()));
-}
-
-TEST_F(RealWorker, ATurnedVideoIsShownUpright) {
-    const QUrl lying = ffmpeg(u"-f lavfi -i testsrc2=s=320x240:d=7:r=5 -pix_fmt yuv420p"_s, u"lying.mp4"_s);
-    const QUrl url =
-        ffmpeg(u"-i "_s + lying.toLocalFile() + u" -c copy -metadata:s:v rotate=90"_s, u"upright.mp4"_s);
-    EXPECT_EQ(ConvertedVideo(url).resolutionText(), u"240x320"_s);
-    EXPECT_EQ(ConvertedVideo(url).durationText(), u"00:00:07"_s);
-    EXPECT_EQ(thumbnail(url).size(), QSize(240, 320));
+    EXPECT_EQ(ConvertedVideo(url).resolutionText(), resolutionText({720, 1280}, QLocale::system()));
 }

@@ -118,20 +118,6 @@ TEST_F(Screens, ADismissalTakesItsTargetWithAllItPresentsAndNothingElse) {
     EXPECT_EQ(m_log.count(u"gone"_s) + m_log.count(u"none left"_s), 2);
 }
 
-TEST_F(Screens, ACompletionMayPresentAgainAndItsScreenLivesUntilItHasReturned) {
-    m_page->present(Page::card(u"b"_s, m_log), Animated::Yes);
-    m_page->dismiss(Animated::Yes, [this] {
-        m_log.append(u"completion"_s);
-        m_page->present(Page::card(u"c"_s, m_log), Animated::Yes);
-    });
-    ASSERT_TRUE(settle());
-    EXPECT_LT(m_log.indexOf(u"completion"_s), m_log.indexOf(u"b.end"_s));
-    EXPECT_EQ(m_window.frontmost()->title(), u"c"_s);
-    m_window.goBack();
-    ASSERT_TRUE(settle());
-    EXPECT_EQ(m_window.frontmost(), m_tabs);
-}
-
 TEST_F(Screens, AnAlertsHandlerRunsOnceItHasGone) {
     auto alert =
         std::make_unique<UIAlertController>(u"Delete Video"_s, u"Sure?"_s, UIAlertController::Style::Alert);

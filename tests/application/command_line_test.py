@@ -158,11 +158,13 @@ class CommandLine(unittest.TestCase):
 
     def test_a_start_keeps_and_lists_what_it_finds(self):
         self.assertEqual(self.run_to_end("list"), (0, [], []))
-        (self.outputs / "notes.txt").write_text("hello")
+        (self.outputs / "a b%é.txt").write_text("hello")
+        (self.outputs / "folder").mkdir()
         (self.outputs / ".hidden").touch()
         (self.home / "Documents/Reelsmith/downloads/a.mov").touch()
-        self.assertEqual(self.run_to_end("list"), (0, ["notes.txt\t00:00:00\t"], []))
-        self.assertEqual(self.left(), [".hidden", "a.mov", "notes.txt"])
+        status, out, error = self.run_to_end("list")
+        self.assertEqual((status, set(out), error), (0, {"a b%é.txt\t00:00:00\t", "folder\t00:00:00\t"}, []))
+        self.assertEqual(self.left(), [".hidden", "a b%é.txt", "a.mov"])
 
     def test_wrong_usage_is_told_and_touches_nothing(self):
         for words in ([], ["clip.mov"], ["convert", "-n", "", "a"]):
@@ -223,7 +225,9 @@ class CommandLine(unittest.TestCase):
             self.assertEqual((resource["service.name"], resource["participating_tests"]), ("reelsmith", "|3|"))
             self.assertRegex(resource["service.instance.id"], "^[0-9a-f-]{36}$")
 
-    def test_an_interrupt_takes_the_download_along_at_any_time(self):
+    def test_an_interrupt_at_any_time_ends_with_130_and_leaves_nothing(self):
+        for number in (signal.SIGINT, signal.SIGTERM):
+            self.interrupt(self.start_and_wait_for_progress(SOURCES / "long.mkv"), number)
         loading = self.start("convert", "--json", self.address("half", 1000, "waiting.mov"))
         next(line for line in loading.stdout if json.loads(line).get("fraction") == 0.5)
         self.interrupt(loading)
@@ -288,10 +292,6 @@ class CommandLine(unittest.TestCase):
 
     # What happens on the way
 
-    def test_an_interrupt_ends_with_130_and_leaves_nothing(self):
-        for number in (signal.SIGINT, signal.SIGTERM):
-            self.interrupt(self.start_and_wait_for_progress(SOURCES / "long.mkv"), number)
-
     def test_what_a_killed_application_leaves_is_hidden_and_goes_at_the_next_start(self):
         process = self.start_and_wait_for_progress(SOURCES / "long.mkv")
         worker = os.pidfd_open(self.worker_of(process))
@@ -300,8 +300,9 @@ class CommandLine(unittest.TestCase):
         with os.fdopen(worker) as ended:
             self.assertTrue(select.select([ended], [], [], 30)[0], "the worker outlives the application")
         self.assertEqual([p.name.startswith(".reelsmith-") for p in self.outputs.iterdir()], [True])
+        (self.outputs / ".reelsmith-kept").touch()
         self.run_to_end("list")
-        self.assertEqual(self.left(), [])
+        self.assertEqual(self.left(), [".reelsmith-kept"])
 
     def test_a_second_start_spares_the_conversion_that_runs(self):
         process = self.start_and_wait_for_progress(SOURCES / "long.mkv")
