@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/foundation/UserDefaults.h"
 
+#include "platform/services/StateFile.h"
 #include "settings/UserSettings.h"
 
 #include <QCoreApplication>
@@ -24,16 +25,7 @@ const QString key = QStringLiteral("Key");
 
 class UserDefaultsTest : public testing::Test {
 protected:
-    QByteArray stored() const {
-        QFile file(m_path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-
-    void store(const QByteArray& content) const {
-        QFile file(m_path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        ASSERT_EQ(file.write(content), content.size());
-    }
+    QByteArray stored() const { return StateFile(m_path).read().value_or(QByteArray()); }
 
     std::unique_ptr<QProcess> incrementInAnotherProcess(const QString& name, int count) const {
         auto process = std::make_unique<QProcess>();
@@ -56,11 +48,10 @@ TEST_F(UserDefaultsTest, TheUsersSettingsAreKeptUnderTheirFixedKeysAndNoDefaultI
     EXPECT_EQ(stored(), "");
     settings.setSendUsageData(false);
     EXPECT_FALSE(settings.sendUsageData());
-    for (int i = 0; i < 10; ++i)
-        settings.incrementConversionCount();
+    settings.incrementConversionCount();
     settings.setAchievedSuccess(true);
     settings.setDidShowOnboarding(true);
-    EXPECT_EQ(stored(), "[General]\nACHIEVED_SUCCESS=true\nConversion_Count=10\n"
+    EXPECT_EQ(stored(), "[General]\nACHIEVED_SUCCESS=true\nConversion_Count=1\n"
                         "DID_SHOW_ONBOARDING=true\nSEND_USAGE_DATA=false\n");
 }
 
@@ -73,7 +64,7 @@ TEST_F(UserDefaultsTest, ADamagedFileReadsAsEmptyAndTakesTheNextWrite) {
                                   "\xff\xfe\x01=\x02[[]=\n"};
     for (const QByteArray& damage : damages) {
         SCOPED_TRACE(damage.toStdString());
-        store(damage);
+        ASSERT_TRUE(StateFile(m_path).replace(damage));
         UserDefaults defaults(m_path);
         defaults.registerDefaults({{key, 7}});
         EXPECT_EQ(defaults.integerForKey(key), 7);
