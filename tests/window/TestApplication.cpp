@@ -48,11 +48,6 @@ TestApplication::~TestApplication() {
     EXPECT_TRUE(runLoopUntil([] { return !OngoingWork::isAny(); }));
 }
 
-void TestApplication::present(std::unique_ptr<UIViewController> screen) {
-    root().present(std::move(screen), Animated::Yes);
-    settle();
-}
-
 void TestApplication::resize(QSize size) {
     window().resize(size);
     QCoreApplication::processEvents();

@@ -31,7 +31,6 @@ public:
 
     /// Hands a file over as another application would.
     void open(const QString& path) { m_application->open({QUrl::fromLocalFile(path)}); }
-    void present(std::unique_ptr<UIViewController> screen);
     void resize(QSize size);
 
     /// Runs until no change of screens is going on or asked for.
