@@ -67,6 +67,20 @@ protected:
             qputenv(QByteArray("XDG_") + folder, m_home.filePath(folder).toLocal8Bit());
     }
 
+    bool isCalled(const QString& method, int count = 1) {
+        return runLoopUntil([&] { return m_desktop.calls(method).size() == count; });
+    }
+
+    /// What `begin` completes with, which it does later.
+    template<typename Result>
+    static Result end(const std::function<void(std::function<void(Result)>)>& begin) {
+        std::optional<Result> end;
+        begin([&end](Result result) { end = result; });
+        EXPECT_FALSE(end);
+        EXPECT_TRUE(runLoopUntil([&end] { return end.has_value(); }));
+        return end.value_or(Result());
+    }
+
     QTemporaryDir m_home;
     PrivateBus m_bus;
     ServiceTwin m_desktop{m_bus.connect()};

@@ -26,14 +26,12 @@ protected:
 
     // How an action ends that `begin` begins; a failure has to say why.
     static Outcome end(const std::function<void(FileSharing::Completion)>& begin) {
-        std::optional<Outcome> end;
-        begin([&end](Outcome outcome, const QString& error) {
-            EXPECT_EQ(outcome == Outcome::Failed, !error.isEmpty());
-            end = outcome;
+        return DesktopTest::end<Outcome>([&begin](auto completion) {
+            begin([completion](Outcome outcome, const QString& error) {
+                EXPECT_EQ(outcome == Outcome::Failed, !error.isEmpty());
+                completion(outcome);
+            });
         });
-        EXPECT_FALSE(end);
-        EXPECT_TRUE(runLoopUntil([&end] { return end.has_value(); }));
-        return end.value_or(Outcome::Failed);
     }
     Outcome perform(Action action) {
         return end([&](auto completion) { m_sharing.perform(action, m_film, std::move(completion)); });

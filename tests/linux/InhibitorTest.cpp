@@ -7,18 +7,7 @@
 
 using namespace reelsmith;
 
-namespace {
-
-class Inhibitors : public DesktopTest {
-protected:
-    bool isCalled(const QString& method, int count) {
-        return runLoopUntil([&] { return m_desktop.calls(method).size() == count; });
-    }
-
-    DesktopInhibitor m_idle{{portalIdleLease(m_client), screenSaverLease(m_client)}};
-};
-
-} // namespace
+using Inhibitors = DesktopTest;
 
 TEST_F(Inhibitors, TheFirstServiceThatIsThereKeepsTheScreenOn) {
     const struct {
@@ -31,14 +20,15 @@ TEST_F(Inhibitors, TheFirstServiceThatIsThereKeepsTheScreenOn) {
         {portal, "org.freedesktop.portal.Inhibit.Inhibit", QVariant::fromValue(QDBusObjectPath("/handle")),
          "Close", "/handle"},
     };
+    DesktopInhibitor idle({portalIdleLease(m_client), screenSaverLease(m_client)});
     int calls = 0;
     for (const auto& each : cases) {
         m_desktop.appear(each.service);
         m_desktop.answer(each.method, [&each](const QDBusMessage&) { return QVariantList{each.grant}; });
         for (const int round : {1, 2}) {
-            m_idle.hold();
+            idle.hold();
             ASSERT_TRUE(isCalled("Inhibit", ++calls)) << qPrintable(each.service);
-            m_idle.letGo();
+            idle.letGo();
             ASSERT_TRUE(isCalled(each.release, round)) << qPrintable(each.service);
             const QDBusMessage release = m_desktop.calls(each.release).constLast();
             EXPECT_EQ(release.arguments().value(0, release.path()), each.released);

@@ -6,11 +6,7 @@
 
 using namespace reelsmith;
 
-namespace {
-
 using Notices = DesktopTest;
-
-} // namespace
 
 TEST_F(Notices, AUserWhoIsElsewhereIsToldOnceOfEachThingAndCanTapIt) {
     m_desktop.appear(portal);
@@ -24,11 +20,11 @@ TEST_F(Notices, AUserWhoIsElsewhereIsToldOnceOfEachThingAndCanTapIt) {
     application.setInSight(false);
     application.notify({"film", "Converting: 42 %", UserNotification::Weight::Status});
     application.notify({"film", "Converting: 42 %", UserNotification::Weight::Status});
-    ASSERT_TRUE(runLoopUntil([&] { return m_desktop.calls("AddNotification").size() == 1; }));
+    ASSERT_TRUE(isCalled("AddNotification"));
     EXPECT_EQ(m_desktop.option("AddNotification", "body"), "Converting: 42 %");
     EXPECT_EQ(m_desktop.option("AddNotification", "priority"), "low");
     application.notify({"film is ready", "Tap to share it."});
-    ASSERT_TRUE(runLoopUntil([&] { return m_desktop.calls("AddNotification").size() == 2; }));
+    ASSERT_TRUE(isCalled("AddNotification", 2));
     EXPECT_EQ(m_desktop.option("AddNotification", "title"), "film is ready");
 
     const QVariant id = m_desktop.argument("AddNotification", 0);
@@ -42,6 +38,6 @@ TEST_F(Notices, AUserWhoIsElsewhereIsToldOnceOfEachThingAndCanTapIt) {
     EXPECT_EQ(taps, 1);
 
     application.setInSight(true);
-    ASSERT_TRUE(runLoopUntil([&] { return m_desktop.calls("RemoveNotification").size() == 1; }));
+    ASSERT_TRUE(isCalled("RemoveNotification"));
     EXPECT_EQ(m_desktop.argument("RemoveNotification", 0), id);
 }

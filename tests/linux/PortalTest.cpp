@@ -35,19 +35,6 @@ protected:
         EXPECT_TRUE(runLoopUntil([this] { return !m_chosen.isEmpty(); }));
         return std::exchange(m_chosen, {});
     }
-    bool isCalled(const QString& method, int count = 1) {
-        return runLoopUntil([&] { return m_desktop.calls(method).size() == count; });
-    }
-
-    // What `begin` completes with.
-    template<typename Result>
-    static Result end(const std::function<void(std::function<void(Result)>)>& begin) {
-        std::optional<Result> end;
-        begin([&end](Result result) { end = result; });
-        EXPECT_FALSE(end);
-        EXPECT_TRUE(runLoopUntil([&end] { return end.has_value(); }));
-        return end.value_or(Result());
-    }
     static bool open(LinkOpener& links, const QUrl& url) {
         return end<bool>([&](auto completion) { links.open(url, completion); });
     }
