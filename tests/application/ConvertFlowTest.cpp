@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Support.h"
 
-#include "app/MainTabBarCreator.h"
 #include "conversion/VideoConversionViewController.h"
 #include "platform/foundation/OngoingWork.h"
 #include "platform/screens/UIActivityViewController.h"
@@ -72,32 +71,6 @@ protected:
 };
 
 } // namespace
-
-TEST_F(ConvertFlow, AFetchedVariantSwapsTheVideosTabUnlessTheUserIsThere) {
-    const auto layout = [this] {
-        auto* stack = qobject_cast<UINavigationController*>(tabs().viewControllers().at(1));
-        return stack->topViewController()->interfaceName();
-    };
-    const auto activate = [this](const QString& variant) {
-        m_services.remoteConfig->setState({.activated = {{u"new_video_layout_test"_s, variant}}});
-        MainTabBarCreator::swapVideosTab(tabs());
-    };
-    EXPECT_EQ(m_console.lines().mid(0, 2),
-              (QStringList{u"Compatible experiments: |3|"_s, u"Instantiated videos vc with default"_s}));
-    EXPECT_TRUE(m_console.lines().contains(m_delegate.memento()));
-    EXPECT_EQ(layout(), u"ConvertedVideosViewController"_s);
-    activate(u"variant_b"_s);
-    EXPECT_EQ(layout(), u"ConvertedVideosViewController"_s);
-    tabs().setSelectedIndex(1);
-    activate(u"variant_a"_s);
-    EXPECT_EQ(layout(), u"ConvertedVideosViewController"_s);
-    tabs().setSelectedIndex(0);
-    activate(u"variant_a"_s);
-    EXPECT_EQ(layout(), u"VideosViewController"_s);
-    EXPECT_EQ(linesWithoutProgress(),
-              (QStringList{u"Swapped videos VC to default"_s, u"Swapped videos VC to variant_a"_s,
-                           u"Swapped videos VC to variant_a"_s}));
-}
 
 TEST_F(ConvertFlow, AWebAddressEndsInTheShareSheet) {
     enterAddress(u"https://example.org/films/clip.mp4?x=1"_s);

@@ -60,16 +60,6 @@ protected:
 
 } // namespace
 
-TEST_F(SettingsScreens, TheSwitchShowsTheConsentAtEachAppearanceAndChangesItAtOnce) {
-    SettingsViewController& settings = showSettings();
-    EXPECT_TRUE(settings.usageSwitch()->isOn());
-    settings.usageSwitch()->setOn(false);
-    settings.appUsageSwitchChanged();
-    EXPECT_FALSE(UserSettings::shared().sendUsageData());
-    EXPECT_FALSE(showSettings().usageSwitch()->isOn());
-    EXPECT_EQ(events(), QStringList());
-}
-
 TEST_F(SettingsScreens, OnlyTheNamedRowsLeadAnywhere) {
     struct Case {
         int section, row;

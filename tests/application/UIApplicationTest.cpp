@@ -100,19 +100,3 @@ TEST(UIApplication, TheScreenStaysOnWhileTheIdleTimerIsDisabledAndTheWindowActiv
     application.setIdleTimerDisabled(false);
     EXPECT_EQ(holds, 0);
 }
-
-TEST(Timer, FiresAgainAndAgainUntilInvalidatedOnAnyThread) {
-    int count = 0;
-    const auto timer = Timer::scheduledTimer(milliseconds(1), [&count] { ++count; });
-    ASSERT_TRUE(runLoopUntil([&count] { return count >= 3; }));
-    std::thread([&timer] {
-        const Timer::Hold hold = timer->hold();
-        timer->invalidate();
-    }).join();
-    EXPECT_FALSE(timer->isValid());
-    const int last = count;
-    int others = 0;
-    const auto other = Timer::scheduledTimer(milliseconds(1), [&others] { ++others; });
-    ASSERT_TRUE(runLoopUntil([&others] { return others >= 3; }));
-    EXPECT_EQ(count, last);
-}

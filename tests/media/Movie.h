@@ -36,10 +36,10 @@ struct Movie {
         bool operator==(const Chapter&) const = default;
     };
 
-    /// Fails the running test where the file cannot be read.
+    /// Throws, which ends the test, where the file cannot be read.
     static Movie read(const std::string& path);
 
-    /// The first of its kind; where there is none the running test fails, and the track is empty.
+    /// The first of its kind. Throws, which ends the test, where there is none.
     const Track& track(AVMediaType kind) const;
     const Track& video() const { return track(AVMEDIA_TYPE_VIDEO); }
     const Track& sound() const { return track(AVMEDIA_TYPE_AUDIO); }
