@@ -212,16 +212,21 @@ void confirmDeletion(Application& application) {
     front<UIAlertController>(application);
 }
 
-AVPlayerViewController& play(Application& application, const QUrl& video) {
-    VideoPlayer::play(video, tabs(application));
+AVPlayerViewController& play(Application& application, const std::filesystem::path& name) {
+    VideoPlayer::play(fileUrl((filePath(FileSystem::shared().outputsFolder()) / name).string()),
+                      tabs(application));
     return front<AVPlayerViewController>(application);
 }
 
-void showBrokenVideo(Application& application) {
+AVPlayerViewController& playSomeVideo(Application& application) {
     fillLibrary();
-    const std::filesystem::path broken = filePath(FileSystem::shared().outputsFolder()) / "Broken.mp4";
-    std::ofstream(broken) << "no film";
-    play(application, fileUrl(broken.string()));
+    return play(application, filePath(someVideo()).filename().replace_extension(".mp4"));
+}
+
+void showBrokenVideo(Application& application) {
+    emptyLibrary();
+    std::ofstream(filePath(FileSystem::shared().outputsFolder()) / "Broken.mp4") << "no film";
+    play(application, "Broken.mp4");
 }
 
 void showLicences(Application& application) {
@@ -261,8 +266,8 @@ const QMap<QString, void (*)(WindowApplication&)>& scenes() {
         {"options-sheet", showOptions},
         {"detail", [](Application& a) { showDetail(a); }},
         {"delete-confirm", confirmDeletion},
-        {"player", [](Application& a) { play(a, someVideo()).positionMoved(15); }},
-        {"player-playing", [](Application& a) { play(a, someVideo()).playPauseTapped(); }},
+        {"player", [](Application& a) { playSomeVideo(a).positionMoved(15); }},
+        {"player-playing", [](Application& a) { playSomeVideo(a).playPauseTapped(); }},
         {"player-error", showBrokenVideo},
         {"settings", [](Application& a) { tab(a, 2); }},
         {"licences", showLicences},
