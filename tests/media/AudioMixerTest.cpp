@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstring>
 #include <functional>
 #include <gtest/gtest.h>
 #include <limits>
@@ -13,7 +12,6 @@
 
 extern "C" {
 #include <libavutil/channel_layout.h>
-#include <libavutil/samplefmt.h>
 }
 
 using namespace reelsmith::media;
@@ -26,34 +24,23 @@ constexpr int sampleRate = 48000;
 using Signal = std::function<double(int channel, int index)>;
 using Channels = std::vector<std::vector<float>>;
 
-void store(std::uint8_t* target, AVSampleFormat packed, double value) {
-    const int bytes = av_get_bytes_per_sample(packed);
-    const auto put = [&](auto sample) { std::memcpy(target, &sample, static_cast<std::size_t>(bytes)); };
-    if (packed == AV_SAMPLE_FMT_FLT)
-        put(static_cast<float>(value));
-    else if (packed == AV_SAMPLE_FMT_DBL)
-        put(value);
-    else // the low bytes
-        put(std::llround(value * (std::exp2(8 * bytes - 1) - 1)) + (bytes == 1 ? 128 : 0));
-}
-
 /// `layout` as av_channel_layout_from_string() takes it.
-FrameHandle sound(const char* layout, int count, const Signal& signal,
-                  AVSampleFormat format = AV_SAMPLE_FMT_FLTP, int rate = sampleRate) {
+FrameHandle sound(const char* layout, int count, const Signal& signal, int rate = sampleRate,
+                  AVSampleFormat format = AV_SAMPLE_FMT_FLTP) {
     FrameHandle frame = makeFrame();
     frame->format = format;
     frame->sample_rate = rate;
     frame->nb_samples = count;
     EXPECT_EQ(av_channel_layout_from_string(&frame->ch_layout, layout), 0) << layout;
     EXPECT_GE(av_frame_get_buffer(frame.get(), 0), 0);
-    const int channels = frame->ch_layout.nb_channels;
-    const int bytes = av_get_bytes_per_sample(format);
-    for (int channel = 0; channel < channels; ++channel) {
+    for (int channel = 0; channel < frame->ch_layout.nb_channels; ++channel) {
+        std::uint8_t* samples = frame->extended_data[channel];
         for (int i = 0; i < count; ++i) {
-            std::uint8_t* target = av_sample_fmt_is_planar(format)
-                                       ? frame->extended_data[channel] + i * bytes
-                                       : frame->extended_data[0] + (i * channels + channel) * bytes;
-            store(target, av_get_packed_sample_fmt(format), signal(channel, i));
+            if (format == AV_SAMPLE_FMT_S16P)
+                reinterpret_cast<std::int16_t*>(samples)[i] =
+                    static_cast<std::int16_t>(std::lround(signal(channel, i) * 32767));
+            else
+                reinterpret_cast<float*>(samples)[i] = static_cast<float>(signal(channel, i));
         }
     }
     return frame;
@@ -95,17 +82,6 @@ double power(const std::vector<float>& samples) {
 }
 
 } // namespace
-
-TEST(AudioMixer, EverySampleFormatKeepsItsLevel) {
-    for (int format = 0; format < AV_SAMPLE_FMT_NB; ++format) {
-        const auto half = [](int channel, int i) { return 0.5 * sine(channel, i); };
-        const auto frame = sound("stereo", 1000, half, static_cast<AVSampleFormat>(format));
-        const Channels result = mixed(2, {frame.get()});
-        ASSERT_EQ(result[1].size(), 1000U);
-        for (std::size_t i = 0; i < 2000; ++i)
-            ASSERT_NEAR(result[i % 2][i / 2], half(i % 2, static_cast<int>(i / 2)), 0.01) << format;
-    }
-}
 
 TEST(AudioMixer, WhatNeedsNoFoldingOrLimitingPassesBitByBit) {
     struct {
@@ -166,7 +142,7 @@ TEST(AudioMixer, AsManySamplesComeOutAsWentIn) {
                        {48000, "5.1", 10},        {48000, "7.1", 48000},  {44100, "stereo", 100},
                        {192000, "stereo", 96000}, {768000, "5.1", 76800}, {96000, "5.1(side)", 48000}};
     for (const auto& test : cases) {
-        const auto frame = sound(test.layout, test.count, sine, AV_SAMPLE_FMT_S16, test.rate);
+        const auto frame = sound(test.layout, test.count, sine, test.rate);
         EXPECT_NEAR(static_cast<double>(mixed(2, {frame.get()})[1].size()),
                     static_cast<double>(test.count) * sampleRate / test.rate, test.rate == sampleRate ? 0 : 1)
             << test.rate << " " << test.layout;
@@ -180,14 +156,14 @@ TEST(AudioMixer, SoundMayChangeItsKindOnTheWay) {
         const char* layout;
         double level, expected;
     } const kinds[] = {{AV_SAMPLE_FMT_FLTP, 48000, "5.1", 0.1, 0.1},
-                       {AV_SAMPLE_FMT_S16, 48000, "stereo", 0.2, 0.2},
-                       {AV_SAMPLE_FMT_U8, 24000, "mono", 0.3, 0.3 / std::numbers::sqrt2},
+                       {AV_SAMPLE_FMT_S16P, 48000, "stereo", 0.2, 0.2},
+                       {AV_SAMPLE_FMT_S16P, 24000, "mono", 0.3, 0.3 / std::numbers::sqrt2},
                        {AV_SAMPLE_FMT_FLTP, 24000, "7.1", 0.4, 0.4}};
     std::vector<FrameHandle> frames;
     std::vector<const AVFrame*> pointers;
     for (const auto& kind : kinds) {
         const Signal frontLeft = [&](int channel, int) { return channel == 0 ? kind.level : 0; };
-        frames.push_back(sound(kind.layout, kind.rate / 10, frontLeft, kind.format, kind.rate));
+        frames.push_back(sound(kind.layout, kind.rate / 10, frontLeft, kind.rate, kind.format));
         pointers.push_back(frames.back().get());
     }
     const std::vector<float> left = mixed(2, pointers)[0];
@@ -198,16 +174,15 @@ TEST(AudioMixer, SoundMayChangeItsKindOnTheWay) {
 
 TEST(AudioMixer, WhatIsNoNumberBecomesSilence) {
     std::vector<double> samples{0.25, std::numeric_limits<double>::quiet_NaN(), 0.25, 1e30, 0.25};
-    const auto frame = sound(
-        "stereo", 5, [&](int, int i) { return samples[static_cast<std::size_t>(i)]; }, AV_SAMPLE_FMT_DBL);
+    const auto frame = sound("stereo", 5, [&](int, int i) { return samples[static_cast<std::size_t>(i)]; });
     EXPECT_EQ(mixed(2, {frame.get()})[0], (std::vector<float>{0.25, 0, 0.25, 0, 0.25}));
 }
 
 TEST(AudioMixer, AnImpossibleFrameIsRefusedAndTheNextOneTaken) {
     const auto empty = makeFrame();
     const auto tooManyChannels = sound("65 channels", 100, sine);
-    const auto tooFast = sound("mono", 100, sine, AV_SAMPLE_FMT_FLTP, AudioMixer::maximumSampleRate + 1);
-    const auto noRate = sound("mono", 100, sine, AV_SAMPLE_FMT_FLTP, 0);
+    const auto tooFast = sound("mono", 100, sine, AudioMixer::maximumSampleRate + 1);
+    const auto noRate = sound("mono", 100, sine, 0);
     AudioMixer mixer(sampleRate, 2);
     for (const AVFrame* bad : {empty.get(), tooManyChannels.get(), tooFast.get(), noRate.get()})
         EXPECT_FALSE(mixer.mix(*bad));

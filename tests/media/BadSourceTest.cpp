@@ -3,9 +3,7 @@
 
 #include "media/FrameGrabber.h"
 
-#include <fcntl.h>
 #include <sys/inotify.h>
-#include <unistd.h>
 
 using namespace reelsmith::media;
 

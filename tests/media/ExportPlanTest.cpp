@@ -6,7 +6,6 @@
 #include "media/Probe.h"
 
 #include <algorithm>
-#include <fcntl.h>
 #include <functional>
 
 using namespace reelsmith::media;

@@ -4,7 +4,6 @@
 #include "media/FrameGrabber.h"
 
 #include <cmath>
-#include <fcntl.h>
 #include <stdexcept>
 
 using namespace reelsmith::media;

@@ -183,13 +183,4 @@ double Sound::level(std::size_t channel, double from, double to) const {
     return last > first ? std::sqrt(sum / static_cast<double>(last - first)) : 0;
 }
 
-double Sound::peak() const {
-    float peak = 0;
-    for (const auto& channel : channels) {
-        for (const float sample : channel)
-            peak = std::max(peak, std::abs(sample));
-    }
-    return double{peak};
-}
-
 } // namespace reelsmith::media

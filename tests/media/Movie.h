@@ -33,7 +33,6 @@ struct Movie {
         double start = 0;
         double end = 0;
         std::string title;
-        bool operator==(const Chapter&) const = default;
     };
 
     /// Throws, which ends the test, where the file cannot be read.
@@ -71,7 +70,6 @@ struct Sound {
 
     /// Root mean square of a channel between two times.
     double level(std::size_t channel, double from, double to) const;
-    double peak() const;
 };
 
 Sound soundOf(const std::string& path);

@@ -3,26 +3,16 @@
 
 #include <cmath>
 #include <cstdlib>
-#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
-#include <unistd.h>
 
 extern "C" {
 #include <libavutil/log.h>
 }
 
 namespace reelsmith::media {
-
-OpenFile::OpenFile(const std::string& path, int flags) : m_descriptor(::open(path.c_str(), flags, 0600)) {
-    EXPECT_GE(m_descriptor, 0) << path;
-}
-
-OpenFile::~OpenFile() {
-    ::close(m_descriptor);
-}
 
 MovieTest::MovieTest() {
     av_log_set_level(AV_LOG_QUIET);

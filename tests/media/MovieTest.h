@@ -6,8 +6,10 @@
 #include "media/Exporter.h"
 
 #include <array>
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <string>
+#include <unistd.h>
 #include <vector>
 
 namespace reelsmith::media {
@@ -15,10 +17,12 @@ namespace reelsmith::media {
 /// An open file, closed at the end.
 class OpenFile {
 public:
-    OpenFile(const std::string& path, int flags);
+    OpenFile(const std::string& path, int flags) : m_descriptor(::open(path.c_str(), flags, 0600)) {
+        EXPECT_GE(m_descriptor, 0) << path;
+    }
     OpenFile(const OpenFile&) = delete;
     OpenFile& operator=(const OpenFile&) = delete;
-    ~OpenFile();
+    ~OpenFile() { ::close(m_descriptor); }
     int descriptor() const { return m_descriptor; }
 
 private:

@@ -8,10 +8,8 @@
 #include "media/RangeMover.h"
 #include "media/TrackCopy.h"
 
-#include <fcntl.h>
 #include <filesystem>
 #include <sys/mman.h>
-#include <unistd.h>
 
 using namespace reelsmith::media;
 using namespace std::string_literals;
