@@ -50,13 +50,6 @@ TEST_F(Library, DownloadsAreClearedWithALineForEach) {
     EXPECT_TRUE(std::filesystem::exists(filePath(appendingPathComponent(downloads, u".hidden"_s))));
 }
 
-TEST_F(Library, ANameIsTheLastComponentOrANewUuid) {
-    EXPECT_EQ(ConvertedVideo(inOutputs(u"holiday.mp4"_s)).name(), u"holiday.mp4"_s);
-    const ConvertedVideo nameless{QUrl()};
-    EXPECT_EQ(nameless.name().size(), 36);
-    EXPECT_NE(nameless.name(), nameless.name());
-}
-
 TEST_F(Library, AThumbnailIsKeptUntilItsFileChanges) {
     const QUrl url = inOutputs(u"a.mp4"_s);
     write(url, pictureScript);

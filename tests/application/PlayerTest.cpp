@@ -6,7 +6,6 @@
 #include "library/VideoPlayer.h"
 #include "platform/avfoundation/AVAudioSession.h"
 #include "platform/screens/PlatformServices.h"
-#include "platform/uikit/UIApplication.h"
 #include "platform/uikit/UIDevice.h"
 
 using namespace reelsmith;
@@ -27,13 +26,6 @@ struct NowPlayingTwin : NowPlaying {
     AVPlayer* m_player = nullptr;
 };
 
-struct ScreenLock : Inhibitor {
-    explicit ScreenLock(bool& isHeld) : m_isHeld(isHeld) {}
-    void hold() override { m_isHeld = true; }
-    void letGo() override { m_isHeld = false; }
-    bool& m_isHeld;
-};
-
 class Player : public WholeApplicationTest {
 protected:
     Player() {
@@ -42,14 +34,12 @@ protected:
         services.nowPlaying.reset(m_nowPlaying = new NowPlayingTwin);
         PlatformServices::install(std::move(services));
         UIApplication::shared().setDelegate(&m_delegate);
-        UIApplication::shared().setIdleInhibitor(std::make_unique<ScreenLock>(m_isScreenKeptOn));
+        UIApplication::shared().setIdleInhibitor(std::make_unique<CountingInhibitor>(m_screenHolds));
         launch();
     }
     ~Player() override {
-        AVPlayer::setPlaybackFactory([] { return std::make_unique<VideoPlayback>(); });
         AVAudioSession::sharedInstance().setServer(std::make_unique<AVAudioSession::Server>());
         UIApplication::shared().setIdleInhibitor(std::make_unique<Inhibitor>());
-        PlatformServices::install({});
     }
 
     CustomPlayerVC& play() {
@@ -58,7 +48,7 @@ protected:
     }
 
     NowPlayingTwin* m_nowPlaying;
-    bool m_isScreenKeptOn = false;
+    int m_screenHolds = 0;
 };
 
 } // namespace
@@ -90,13 +80,13 @@ TEST_F(Player, MayTurnAndHasTheSoundFromBeforeItIsPresentedUntilItBeginsToGo) {
 TEST_F(Player, PlaysAndKeepsTheScreenOnUntilItHasGone) {
     auto& screen = play();
     EXPECT_EQ(m_nowPlaying->m_player, screen.player());
-    EXPECT_FALSE(m_isScreenKeptOn);
+    EXPECT_EQ(m_screenHolds, 0);
     screen.playPauseTapped();
-    EXPECT_TRUE(m_isScreenKeptOn);
+    EXPECT_EQ(m_screenHolds, 1);
     screen.beginAppearanceTransition(false);
-    EXPECT_TRUE(screen.isPlaying() && m_isScreenKeptOn && m_nowPlaying->m_player);
+    EXPECT_TRUE(screen.isPlaying() && m_screenHolds && m_nowPlaying->m_player);
     screen.endAppearanceTransition();
-    EXPECT_FALSE(screen.isPlaying() || m_isScreenKeptOn || m_nowPlaying->m_player);
+    EXPECT_FALSE(screen.isPlaying() || m_screenHolds || m_nowPlaying->m_player);
     screen.closeTapped();
     EXPECT_TRUE(isAtHome());
 }

@@ -2,7 +2,7 @@
 //
 // A media worker that does what its source says. A source holds lines "KIND COMMAND ARGUMENTS…", KIND being
 // the request (probe, thumbnail, export) that the line is for; they are obeyed in order, then comes the
-// answer. "hang FILE" hangs only where FILE is not there yet.
+// answer.
 #include "mediaworker/Channel.h"
 
 #include <algorithm>
@@ -38,10 +38,6 @@ void hang() {
 void await(const std::string& mark) {
     while (::access(mark.c_str(), F_OK) != 0)
         ::poll(nullptr, 0, 1);
-}
-
-bool isFirstTo(const std::string& mark) {
-    return ::open(mark.c_str(), O_CREAT | O_EXCL | O_WRONLY, 0600) >= 0;
 }
 
 std::string openDescriptors() {
@@ -80,7 +76,7 @@ private:
         std::istringstream words(rest);
         if (command == "die")
             ::raise(SIGKILL);
-        else if (command == "hang" && (rest.empty() || isFirstTo(rest)))
+        else if (command == "hang")
             hang();
         else if (command == "fail")
             m_finished.problem = rest;
@@ -94,7 +90,7 @@ private:
             await(rest);
         else if (command == "progress")
             m_channel.send(ExportProgress{std::stod(rest)});
-        else if (command != "hang")
+        else
             ::abort();
         if (command == "picture")
             drawPicture();

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Support.h"
 
+#include "platform/avfoundation/AVPlayer.h"
 #include "platform/foundation/DocumentsFolder.h"
 #include "platform/foundation/URLs.h"
-#include "platform/uikit/UIApplication.h"
+#include "platform/screens/PlatformServices.h"
 #include "settings/UserSettings.h"
 
 #include <QDir>
@@ -69,6 +70,9 @@ WholeApplicationTest::WholeApplicationTest() {
 
 WholeApplicationTest::~WholeApplicationTest() {
     HTTPClient::setShared(nullptr);
+    PlatformServices::install({});
+    AVPlayer::setPlaybackFactory([] { return std::make_unique<VideoPlayback>(); });
+    UIApplication::shared().setLinkOpener(std::make_shared<LinkOpener>());
     UIApplication::shared().setKeyWindow(nullptr);
 }
 

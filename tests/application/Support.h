@@ -9,6 +9,7 @@
 #include "app/AppDelegate.h"
 #include "app/MainTabBarController.h"
 #include "library/FileSystem.h"
+#include "platform/uikit/UIApplication.h"
 
 #include <QTemporaryDir>
 #include <functional>
@@ -16,6 +17,13 @@
 #include <stdexcept>
 
 namespace reelsmith {
+
+struct CountingInhibitor : Inhibitor {
+    explicit CountingInhibitor(int& holds) : m_holds(holds) {}
+    void hold() override { ++m_holds; }
+    void letGo() override { --m_holds; }
+    int& m_holds;
+};
 
 /// A test with empty folders in the documents folder, a scripted worker, services in memory and a quiet
 /// console.
@@ -49,6 +57,7 @@ protected:
 class WholeApplicationTest : public ApplicationTest {
 protected:
     WholeApplicationTest();
+    /// Takes back what a test has put in place of the platform's parts.
     ~WholeApplicationTest() override;
 
     /// To the end of its first fetch.

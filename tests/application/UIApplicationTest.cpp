@@ -15,13 +15,6 @@ namespace {
 using std::chrono::hours;
 using std::chrono::milliseconds;
 
-struct CountingInhibitor : Inhibitor {
-    explicit CountingInhibitor(int& holds) : m_holds(holds) {}
-    void hold() override { ++m_holds; }
-    void letGo() override { --m_holds; }
-    int& m_holds;
-};
-
 class BackgroundTasks : public testing::Test {
 protected:
     std::unique_ptr<UIApplication> application(UIApplication::TaskLimits limits) {
