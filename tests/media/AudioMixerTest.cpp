@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/AudioMixer.h"
 
-#include <algorithm>
-#include <array>
 #include <cmath>
 #include <functional>
 #include <gtest/gtest.h>

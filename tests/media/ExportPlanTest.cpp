@@ -5,7 +5,6 @@
 #include "media/ExportPlan.h"
 #include "media/Probe.h"
 
-#include <algorithm>
 #include <functional>
 
 using namespace reelsmith::media;

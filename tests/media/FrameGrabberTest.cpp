@@ -3,7 +3,6 @@
 
 #include "media/FrameGrabber.h"
 
-#include <cmath>
 #include <stdexcept>
 
 using namespace reelsmith::media;
