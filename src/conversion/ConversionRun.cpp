@@ -52,15 +52,11 @@ void ConversionRun::convert() {
 }
 
 void ConversionRun::updateProgress(double progress) {
-    if (isCardShown())
+    if (m_screen.isShowing(m_card))
         m_card->updateProgress(progress);
     UIApplication::shared().notify({m_name,
                                     QStringLiteral("Converting: %1 %").arg(static_cast<int>(progress * 100)),
                                     UserNotification::Weight::Status});
-}
-
-bool ConversionRun::isCardShown() const {
-    return m_card && m_card == m_screen.progressController();
 }
 
 void ConversionRun::succeed(const QUrl& output) {

@@ -35,9 +35,6 @@ public:
 
     ProgressViewController* card() const { return m_card; }
 
-    /// False after a cancel.
-    bool isCardShown() const;
-
     /// Whether the conversion goes on, seen or not.
     bool isConverting() const { return m_isConverting; }
 

@@ -35,12 +35,8 @@ QString DownloadRun::fileName() const {
     return m_downloader->videoURL().fileName(QUrl::FullyDecoded);
 }
 
-bool DownloadRun::isSeen() const {
-    return m_card && m_card == m_screen.progressController();
-}
-
 void DownloadRun::didUpdateProgress(double fraction) {
-    if (isSeen())
+    if (m_screen.isShowing(m_card))
         m_card->updateProgress(fraction);
     UIApplication::shared().notify({fileName(),
                                     QStringLiteral("Downloading: %1 %").arg(static_cast<int>(fraction * 100)),
@@ -48,7 +44,7 @@ void DownloadRun::didUpdateProgress(double fraction) {
 }
 
 void DownloadRun::didReceiveBytes(const DownloadProgress& progress) {
-    if (isSeen())
+    if (m_screen.isShowing(m_card))
         m_card->showBytes(progress.receivedBytes, progress.expectedBytes);
 }
 

@@ -31,7 +31,6 @@ private:
     void download();
     void end(const VideoDownloader::DownloadResult& result);
     QString fileName() const;
-    bool isSeen() const;
 
     VideoConversionViewController& m_screen;
     const std::shared_ptr<VideoDownloader> m_downloader;

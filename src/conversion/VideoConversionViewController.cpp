@@ -171,7 +171,7 @@ bool VideoConversionViewController::isConverting() const {
 }
 
 void VideoConversionViewController::updateStillConverting() {
-    m_stillConvertingView.setHidden(!isConverting() || m_run->isCardShown());
+    m_stillConvertingView.setHidden(!isConverting() || isShowing(m_run->card()));
 }
 
 void VideoConversionViewController::keepOpen(std::unique_ptr<SecurityScopedAccess> access) {
