@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/PortalNotifications.h"
 
-#include <QDBusMessage>
+#include "platform/linux/PortalRequest.h"
+
 #include <QVariantMap>
 
 namespace reelsmith {
@@ -13,14 +14,15 @@ const QString notificationId = QStringLiteral("conversion");
 // Without "app." in front the portal tells us instead of asking the desktop to start an action.
 const QString tapAction = QStringLiteral("show");
 
-const QString service = QStringLiteral("org.freedesktop.portal.Desktop");
-const QString path = QStringLiteral("/org/freedesktop/portal/desktop");
-const QString interface = QStringLiteral("org.freedesktop.portal.Notification");
+QDBusMessage portalCall(const QString& method) {
+    return PortalRequest::message(PortalRequest::interfaceName(QStringLiteral("Notification")), method);
+}
 
 } // namespace
 
 PortalNotifications::PortalNotifications(const QDBusConnection& sessionBus) : m_bus(sessionBus) {
-    m_bus.connect(service, path, interface, QStringLiteral("ActionInvoked"), this,
+    const QDBusMessage portal = portalCall({});
+    m_bus.connect(portal.service(), portal.path(), portal.interface(), QStringLiteral("ActionInvoked"), this,
                   SLOT(takeAction(QString, QString, QVariantList)));
 }
 
@@ -47,7 +49,7 @@ void PortalNotifications::takeAction(const QString& id, const QString& action,
 
 // Nobody waits for an answer: a desktop that shows nothing is none that the user could be told by.
 void PortalNotifications::call(const QString& method, const QVariantList& arguments) {
-    QDBusMessage message = QDBusMessage::createMethodCall(service, path, interface, method);
+    QDBusMessage message = portalCall(method);
     message.setArguments(arguments);
     m_bus.send(message);
 }
