@@ -22,12 +22,15 @@ def until(condition, what):
     """What `condition` gives once that is true; what the screen tells comes in meanwhile."""
     context = GLib.MainContext.default()
     deadline = time.monotonic() + PATIENCE_SECONDS
-    GLib.timeout_add(20, lambda: time.monotonic() < deadline)
-    while time.monotonic() < deadline:
-        found = condition()
-        if found:
-            return found
-        context.iteration(True)
+    ticks = GLib.timeout_add(20, lambda: True)  # not only until the deadline, which may pass within the condition
+    try:
+        while time.monotonic() < deadline:
+            found = condition()
+            if found:
+                return found
+            context.iteration(True)
+    finally:
+        GLib.source_remove(ticks)
     raise AssertionError(f"never: {what}; there is: {', '.join(names())}")
 
 
