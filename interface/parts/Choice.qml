@@ -18,6 +18,8 @@ T.RadioButton {
     checked: isChosen
     Accessible.name: label
     Accessible.focused: hasKeyboard
+    Accessible.onPressAction: if (control.enabled) control.clicked()
+    Accessible.onToggleAction: if (control.enabled) control.clicked()
 
     PressMarks {
         anchors.fill: parent

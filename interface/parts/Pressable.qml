@@ -22,8 +22,9 @@ T.AbstractButton {
     opacity: isEnabled ? 1 : Theme.disabledOpacity
     focusPolicy: Qt.TabFocus
     hoverEnabled: true
-    scale: shrinks && pressed && !Theme.reducesMotion ? Theme.pressedScale : 1
+    scale: shrinks && pressed ? Theme.pressedScale : 1
     Accessible.name: label
+    Accessible.onPressAction: if (control.enabled) control.clicked()
     Keys.onReturnPressed: clicked()
     Keys.onEnterPressed: clicked()
 

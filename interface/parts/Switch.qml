@@ -10,6 +10,8 @@ T.Switch {
     property string label
     property bool isEnabled: true
 
+    signal turned
+
     implicitWidth: Theme.switchWidth
     implicitHeight: Theme.target
     enabled: isEnabled
@@ -17,7 +19,10 @@ T.Switch {
     focusPolicy: Qt.TabFocus
     hoverEnabled: true
     Accessible.name: label
-    Keys.onReturnPressed: {
+    Accessible.onPressAction: if (control.enabled) control.turned()
+    Accessible.onToggleAction: if (control.enabled) control.turned()
+    Keys.onReturnPressed: turned()
+    onTurned: {
         toggle();
         toggled();
         clicked();

@@ -44,6 +44,11 @@ def install():
     call_bus("ReloadConfig").check_returncode()
 
 
+def install_store():
+    with open(pathlib.Path(os.environ["XDG_CONFIG_HOME"]) / "mimeapps.list", "a") as associations:
+        associations.write("x-scheme-handler/appstream=taker.desktop;\n")
+
+
 def forget_everything():
     """As if the application had never been started."""
     for folder in (SETTINGS.parent, DATA / "reelsmith", OUTPUTS.parent):

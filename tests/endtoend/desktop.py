@@ -80,19 +80,35 @@ def mouse(*arguments):
     subprocess.run(["xdotool", *map(str, arguments)], check=True)
 
 
-def press(name, role=None, program=None):
-    """Clicks into the middle of what is shown under that name, once it stands still and takes clicks."""
+def settled(name, role=None, program=None):
+    """What is shown under that name and where its middle is, once it stands still and takes presses."""
     place = None
 
-    def settled():
+    def stands_still():
         nonlocal place
         node = find(name, role, program)
         box = node.get_extents(Atspi.CoordType.SCREEN)
         now = (box.x + box.width // 2, box.y + box.height // 2)
         last, place = place, now
-        return last == now and node.get_state_set().contains(Atspi.StateType.SENSITIVE)
-    until(settled, f'"{name}" can be pressed')
+        return last == now and node.get_state_set().contains(Atspi.StateType.SENSITIVE) and node
+    return until(stands_still, f'"{name}" can be pressed'), place
+
+
+def press(name, role=None, program=None):
+    """Clicks into the middle of what is shown under that name."""
+    _, place = settled(name, role, program)
     mouse("mousemove", *place, "click", 1)
+
+
+def actions(node):
+    """The numbers of what a tool for the disabled can do with it, by name."""
+    return {Atspi.Action.get_action_name(node, index): index for index in range(Atspi.Action.get_n_actions(node))}
+
+
+def act(name, role, action="Press"):
+    """Does with what is shown under that name what it offers, with neither mouse nor keys."""
+    node, _ = settled(name, role)
+    assert Atspi.Action.do_action(node, actions(node)[action]), f'"{name}" does not {action}'
 
 
 def type_text(text):

@@ -4,17 +4,13 @@
 
     with_desktop library.py REELSMITH DESKTOP_ENTRY [unittest options]
 """
-import os
-import pathlib
-
-from application import HOME, OUTPUTS, SETTINGS, ApplicationTest, forget_everything, make_video, run, write_settings
+from application import HOME, OUTPUTS, SETTINGS, ApplicationTest, forget_everything, install_store, make_video, run, write_settings
 from collector import Collector, records
 from desktop import find, gone, key, press, type_text, until
 from flag_server import FlagServer
 import web_server
 from x11 import Display
 
-ASSOCIATIONS = pathlib.Path(os.environ["XDG_CONFIG_HOME"]) / "mimeapps.list"
 PAGES = (("Welcome to Reelsmith", "Continue"), ("Convert using your phone", "Continue"),
          ("Multiple quality options", "Start"))
 
@@ -164,6 +160,5 @@ class Library(ApplicationTest):
 
 
 if __name__ == "__main__":
-    with open(ASSOCIATIONS, "a") as associations:
-        associations.write("x-scheme-handler/appstream=taker.desktop;\n")  # a software store
+    install_store()
     run()

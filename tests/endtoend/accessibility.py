@@ -1,0 +1,120 @@
+#!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Walks through the whole application by the names, roles and actions of what is on the screen, without mouse and keys.
+
+    with_desktop accessibility.py REELSMITH DESKTOP_ENTRY [unittest options]
+"""
+from application import HOME, OUTPUTS, SETTINGS, ApplicationTest, forget_everything, install_store, make_video, run, write_settings
+from desktop import Atspi, act, actions, find, gone, look, shown, until
+from flag_server import FlagServer
+
+# What can be done with each role; with others there is nothing to do.
+ACTIONS = {"push button": {"Press"}, "page tab": {"Press"}, "list item": {"Press"}, "menu item": {"Press"},
+           "check box": {"Press", "Toggle"}, "radio button": {"Press", "Toggle"}, "slider": {"Increase", "Decrease"},
+           "text": {"SetFocus"}, "list": {"SetFocus"}, "document frame": {"SetFocus"}, "panel": {"SetFocus"}}
+SILENT = {"frame", "heading", "label", "dialog", "alert", "progress bar", "page tab list"}
+
+
+class Accessibility(ApplicationTest):
+    def setUp(self):
+        forget_everything()
+        make_video(HOME / "Videos/holiday.avi", seconds=25, rate=1)
+
+    def arrive(self, name, role):
+        """At a screen where this is shown: all on it is named and can be used."""
+        find(name, role)
+        for node in shown("reelsmith-window"):
+            what = f'{node.get_role_name()} "{node.get_name()}"'
+            self.assertTrue(node.get_name(), what)
+            self.assertTrue(node.get_role_name() in SILENT | ACTIONS.keys(), what)
+            self.assertLessEqual(ACTIONS.get(node.get_role_name(), set()), actions(node).keys(), what)
+
+    def is_set(self, name, role, state):
+        node = look(name, role)
+        return node is not None and node.get_state_set().contains(state)
+
+    def convert(self):
+        act("Photo library", "push button")
+        self.arrive("holiday.avi", "list item")
+        act("holiday.avi", "list item")
+        self.arrive("Name and quality", "dialog")
+        for quality, action in (("Medium", "Toggle"), ("High", "Press")):
+            act(quality, "radio button", action)
+            until(lambda: self.is_set(quality, "radio button", Atspi.StateType.CHECKED), f"{quality} is chosen")
+        self.assertFalse(self.is_set("Medium", "radio button", Atspi.StateType.CHECKED))
+        act("Convert", "push button")
+        self.arrive("Share", "dialog")
+        act("Close", "push button")
+        gone("Share", "dialog")
+        return self.check(OUTPUTS / "holiday.mp4")
+
+    def play(self):
+        act("Play", "push button")
+        self.arrive("Position", "slider")
+        act("Play", "push button")
+        act("Pause", "push button")
+        time = find("00:00", "label")
+        act("Position", "slider", "Increase")
+        until(lambda: look("00:00", "label") is None, "the position moves on")
+        act("Close", "push button")
+        gone("Position")
+
+    def open_tab(self, name):
+        act(name, "page tab")
+        self.arrive(name, "heading")
+        self.assertTrue(self.is_set(name, "page tab", Atspi.StateType.SELECTED))
+
+    def test_a_new_user_converts_a_video_plays_it_and_deletes_it(self):
+        self.start()
+        for title, button in (("Welcome to Reelsmith", "Continue"), ("Convert using your phone", "Continue"),
+                              ("Multiple quality options", "Start")):
+            self.arrive(title, "heading")
+            act(button, "push button")
+        self.arrive("Photo library", "push button")
+        result = self.convert()
+        self.open_tab("Converted Videos")
+        act(result.name, "list item")
+        self.arrive(result.name, "dialog")
+        self.play()
+        act("Delete", "push button")
+        self.arrive("No videos yet", "heading")
+        self.assertFalse(result.exists())
+        self.open_tab("Settings")
+        for action, becomes in (("Toggle", "false"), ("Press", "true")):
+            act("Send usage data", "check box", action)
+            until(lambda: f"SEND_USAGE_DATA={becomes}" in SETTINGS.read_text(), "the consent is stored")
+        act("Licences", "push button")
+        self.arrive("Back", "push button")
+        act("Back", "push button")
+        self.arrive("Settings", "heading")
+
+    def test_the_grid_and_its_details_ask_before_they_delete(self):
+        write_settings(DID_SHOW_ONBOARDING="true", RELEVANT_ACTION_COUNT_VAR3=1)
+        flags = FlagServer(new_video_layout_test="variant_a")
+        flags.may_answer.set()
+        video = make_video(OUTPUTS / "older.mp4")
+        self.start_window(OFREP_ENDPOINT=flags.address)
+        self.await_printed("Swapped videos VC to variant_a")
+        act("Converted Videos", "page tab")
+        self.arrive("Do you like Reelsmith?", "alert")
+        act("not now", "push button")
+        gone("Do you like Reelsmith?")
+        act(video.name, "list item")
+        self.arrive("Video details", "heading")
+        act("Share", "push button")
+        self.arrive("Share", "dialog")
+        act("Close", "push button")
+        gone("Share", "dialog")
+        for answer in ("cancel", "delete"):
+            self.assertTrue(video.exists())
+            act("Delete", "push button")
+            self.arrive(answer, "push button")
+            act(answer, "push button")
+            gone(answer)
+        self.arrive("No videos yet", "heading")
+        self.assertFalse(video.exists())
+
+
+if __name__ == "__main__":
+    install_store()
+    run()
