@@ -9,7 +9,6 @@ Overlay {
     id: sheet
 
     required property App.UIActivityViewController controller
-    readonly property bool onlyFades: controller.isPopover || Theme.reducesMotion
     readonly property rect anchorRect: controller.popoverAnchor
 
     label: "Share"
@@ -26,9 +25,9 @@ Overlay {
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.horizontalCenterOffset: sheet.controller.isPopover ? offsetToAnchor : 0
         width: sheet.controller.isPopover ? Theme.popoverWidth : parent.width - 2 * Theme.sheetMargin
-        y: sheet.controller.isPopover ? besideAnchor : lowest + (sheet.onlyFades ? 0 : (1 - sheet.arrival) * hiddenBy)
+        y: sheet.controller.isPopover ? besideAnchor : lowest + (1 - sheet.arrival) * hiddenBy
         height: implicitHeight
-        opacity: sheet.onlyFades ? sheet.presence : 1
+        opacity: sheet.controller.isPopover ? sheet.presence : 1
         tallest: sheet.height - 2 * Theme.overlayMargin
         radius: sheet.controller.isPopover ? Theme.cardRadius : Theme.sheetRadius
         border.width: Theme.hair

@@ -24,10 +24,10 @@ Overlay {
         width: Math.min(Theme.alertWidth, parent.width - 2 * Theme.alertMargin)
         height: implicitHeight
         opacity: dialog.presence
-        scale: Theme.reducesMotion ? 1 : Theme.alertScale + (1 - Theme.alertScale) * dialog.arrival
+        scale: Theme.alertScale + (1 - Theme.alertScale) * dialog.arrival
         tallest: dialog.height - 2 * Theme.overlayMargin
         radius: Theme.centerCardRadius
-        border.width: Theme.isDark ? Theme.hair : 0
+        border.width: Theme.hasCardLines ? Theme.hair : 0
         border.color: Theme.line
         spacing: Theme.gap4
 

@@ -13,7 +13,6 @@ Overlay {
     property alias gap: panel.gap
     default property alias rows: panel.rows
 
-    readonly property bool onlyFades: dissolves || Theme.reducesMotion
 
     appearDuration: dissolves ? Theme.fade : Theme.sheetUp
     disappearDuration: dissolves ? Theme.fade : Theme.sheetDown
@@ -26,9 +25,9 @@ Overlay {
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.margins: Theme.sheetMargin
-        y: sheet.height - Theme.sheetMargin - height + (sheet.onlyFades ? 0 : (1 - sheet.arrival) * hiddenBy)
+        y: sheet.height - Theme.sheetMargin - height + (sheet.dissolves ? 0 : (1 - sheet.arrival) * hiddenBy)
         height: implicitHeight
-        opacity: sheet.onlyFades ? sheet.presence : 1
+        opacity: sheet.dissolves ? sheet.presence : 1
         tallest: sheet.height - 2 * Theme.overlayMargin
         radius: Theme.sheetRadius
         border.width: Theme.hair

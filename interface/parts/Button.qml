@@ -36,6 +36,8 @@ Pressable {
     background: Rectangle {
         radius: control.radius
         color: control.fill
+        border.width: Theme.hasHighContrast ? Theme.hair : 0
+        border.color: control.tint
     }
     contentItem: Item {
         implicitWidth: row.implicitWidth

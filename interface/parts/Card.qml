@@ -7,7 +7,7 @@ Rectangle {
 
     radius: Theme.cardRadius
     color: Theme.surface
-    border.width: Theme.isDark ? Theme.hair : 0
+    border.width: Theme.hasCardLines ? Theme.hair : 0
     border.color: Theme.line
 
     Shadow {

@@ -20,7 +20,7 @@ T.ItemDelegate {
 
     focusPolicy: Qt.NoFocus
     hoverEnabled: true
-    scale: shrinks && pressed && !Theme.reducesMotion ? Theme.pressedScale : 1
+    scale: shrinks && pressed ? Theme.pressedScale : 1
     Accessible.name: label
     Accessible.focused: item.isCurrent
     Accessible.onPressAction: if (control.enabled) control.clicked()

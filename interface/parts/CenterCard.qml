@@ -24,7 +24,7 @@ Overlay {
         padding: Theme.centerCardPadding
         tallest: card.height - 2 * Theme.overlayMargin
         radius: Theme.centerCardRadius
-        border.width: Theme.isDark ? Theme.hair : 0
+        border.width: Theme.hasCardLines ? Theme.hair : 0
         border.color: Theme.line
     }
 }

@@ -30,7 +30,7 @@ Overlay {
         y: overlay.anchorRect.y
         width: overlay.anchorRect.width
         height: overlay.anchorRect.height
-        scale: Theme.reducesMotion ? 1 : 1 + (Theme.liftedScale - 1) * overlay.arrival
+        scale: 1 + (Theme.liftedScale - 1) * overlay.arrival
     }
     Rectangle {
         id: menu
@@ -45,10 +45,10 @@ Overlay {
         height: rows.height
         radius: Theme.cardRadius
         color: Theme.surface
-        border.width: Theme.isDark ? Theme.hair : 0
+        border.width: Theme.hasCardLines ? Theme.hair : 0
         border.color: Theme.line
         opacity: overlay.presence
-        scale: Theme.reducesMotion ? 1 : Theme.menuScale + (1 - Theme.menuScale) * overlay.arrival
+        scale: Theme.menuScale + (1 - Theme.menuScale) * overlay.arrival
         transformOrigin: overlay.isAbove ? (overlay.isAtRight ? Item.BottomRight : Item.BottomLeft)
                                          : (overlay.isAtRight ? Item.TopRight : Item.TopLeft)
 

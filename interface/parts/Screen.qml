@@ -19,14 +19,13 @@ FocusScope {
     default property alias content: stage.data
 
     readonly property bool isColumn: !fillsWindow && width > Theme.columnWidth
-    readonly property bool onlyFades: dissolves || Theme.reducesMotion
     readonly property real aside: slide > 0 ? Math.pow(slide, 3) : Theme.pushedAside * (Math.pow(1 + slide, 3) - 1)
 
     focus: true
-    opacity: onlyFades ? Math.min(presence, 1 - Math.max(slide, 0)) : 1
+    opacity: dissolves ? Math.min(presence, 1 - Math.max(slide, 0)) : 1
     transform: Translate {
-        x: screen.onlyFades ? 0 : screen.aside * screen.width
-        y: screen.onlyFades ? 0 : Math.pow(1 - screen.presence, 3) * screen.height
+        x: screen.dissolves ? 0 : screen.aside * screen.width
+        y: screen.dissolves ? 0 : Math.pow(1 - screen.presence, 3) * screen.height
     }
 
     Rectangle {

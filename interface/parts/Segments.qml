@@ -42,7 +42,7 @@ FocusScope {
         height: parent.height - 2 * Theme.segmentsInset
         radius: Theme.segmentRadius
         color: Theme.segmentOn
-        border.width: 0
+        border.width: Theme.hasHighContrast ? Theme.hair : 0
 
         Behavior on x {
             NumberAnimation {

@@ -39,8 +39,8 @@ T.TextField {
     background: Rectangle {
         radius: Theme.fieldRadius
         color: field.activeFocus ? Theme.surface : Theme.field
-        border.width: field.activeFocus ? Theme.focusWidth : 0
-        border.color: Theme.accent
+        border.width: field.activeFocus ? Theme.focusWidth : Theme.hasHighContrast ? Theme.hair : 0
+        border.color: field.activeFocus ? Theme.accent : Theme.line
     }
 
     Text {

@@ -10,7 +10,7 @@ QtObject {
 
     // What the desktop and the window ask for.
     readonly property bool isDark: App.Appearance.isDark
-    readonly property bool reducesMotion: App.Appearance.reducesMotion
+    readonly property bool hasHighContrast: App.Appearance.hasHighContrast
     readonly property bool isCompact: App.Appearance.isCompact
     readonly property bool isLargeText: App.Appearance.isLargeText
     readonly property bool isTall: App.Appearance.isTall
@@ -20,36 +20,38 @@ QtObject {
     readonly property bool isTurned: App.Appearance.isTurned
     readonly property bool isWide: App.Appearance.windowWidth > columnWidth
 
+    readonly property bool hasCardLines: isDark || hasHighContrast
+
     // Colours.
     readonly property color backdrop: isDark ? "#090B0B" : "#E9E5DF"
     readonly property color canvas: isDark ? "#111414" : "#F6F4F0"
     readonly property color surface: isDark ? "#1C2020" : "#FFFFFF"
     readonly property color field: isDark ? "#282D2D" : "#EFECE6"
-    readonly property color segmentOn: isDark ? "#434A4A" : "#FFFFFF"
-    readonly property color segmentTitle: isDark ? "#8ADEDB" : "#0B666C"
-    readonly property color segmentNote: isDark ? "#D5D8D5" : "#5C5952"
+    readonly property color segmentOn: isDark ? (hasHighContrast ? "#0B0D0D" : "#434A4A") : "#FFFFFF"
+    readonly property color segmentTitle: hasHighContrast ? accent : isDark ? "#8ADEDB" : "#0B666C"
+    readonly property color segmentNote: hasHighContrast ? ink : isDark ? "#D5D8D5" : "#5C5952"
     readonly property color ink: isDark ? "#F1F1EE" : "#1C1B18"
-    readonly property color inkSoft: isDark ? "#B4B8B5" : "#5C5952"
-    readonly property color inkFaint: isDark ? "#9CA19E" : "#6B675F"
-    readonly property color line: isDark ? "#343A3A" : "#E2DED6"
-    readonly property color cardLine: isDark ? "#454C4B" : "#D3CFC8"
-    readonly property color accent: isDark ? "#62CFCB" : "#0B666C"
-    readonly property color accentPressed: isDark ? "#8ADEDB" : "#074D52"
+    readonly property color inkSoft: hasHighContrast ? ink : isDark ? "#B4B8B5" : "#5C5952"
+    readonly property color inkFaint: hasHighContrast ? (isDark ? "#C6CAC7" : "#45423C") : isDark ? "#9CA19E" : "#6B675F"
+    readonly property color line: hasHighContrast ? (isDark ? "#9CA19E" : "#6B675F") : isDark ? "#343A3A" : "#E2DED6"
+    readonly property color cardLine: hasHighContrast ? line : isDark ? "#454C4B" : "#D3CFC8"
+    readonly property color accent: hasHighContrast ? (isDark ? "#8ADEDB" : "#074D52") : isDark ? "#62CFCB" : "#0B666C"
+    readonly property color accentPressed: hasHighContrast ? (isDark ? "#B5ECEA" : "#053A3E") : isDark ? "#8ADEDB" : "#074D52"
     readonly property color accentSoft: isDark ? "#17393A" : "#DBEDEC"
     readonly property color accentInk: isDark ? "#04292B" : "#FFFFFF"
-    readonly property color danger: isDark ? "#FF8F85" : "#B3261E"
+    readonly property color danger: hasHighContrast ? (isDark ? "#FFB7B0" : "#8C1A14") : isDark ? "#FF8F85" : "#B3261E"
     readonly property color dangerSoft: isDark ? "#3B1F1D" : "#FBE7E4"
-    readonly property color warn: isDark ? "#F2B968" : "#8A4B08"
-    readonly property color steel: isDark ? "#8DB8F0" : "#2D5F9A"
+    readonly property color warn: hasHighContrast ? (isDark ? "#FFD08A" : "#6B3900") : isDark ? "#F2B968" : "#8A4B08"
+    readonly property color steel: hasHighContrast ? (isDark ? "#B4D2F8" : "#1E4776") : isDark ? "#8DB8F0" : "#2D5F9A"
     readonly property color steelSoft: isDark ? "#25313F" : "#E2E9F1"
-    readonly property color plum: isDark ? "#D3A1E8" : "#7A4191"
+    readonly property color plum: hasHighContrast ? (isDark ? "#E6C6F3" : "#5E2C73") : isDark ? "#D3A1E8" : "#7A4191"
     readonly property color plumSoft: isDark ? "#382A40" : "#ECE4F0"
     readonly property color spark: isDark ? "#FF9A5C" : "#E8662A"
-    readonly property color star: isDark ? "#FFB454" : "#C96A00"
-    readonly property color hero: isDark ? "#0D4A4D" : "#0B666C"
+    readonly property color star: hasHighContrast ? (isDark ? "#FFC57A" : "#8A4700") : isDark ? "#FFB454" : "#C96A00"
+    readonly property color hero: hasHighContrast ? heroDeep : isDark ? "#0D4A4D" : "#0B666C"
     readonly property color heroDeep: isDark ? "#0A3B3E" : "#085359"
     readonly property color heroText: isDark ? "#F1F1EE" : "#FFFFFF"
-    readonly property color heroNote: isDark ? "#B9DAD9" : "#D3EAE9"
+    readonly property color heroNote: hasHighContrast ? heroText : isDark ? "#B9DAD9" : "#D3EAE9"
     readonly property color heroTile: Qt.rgba(1, 1, 1, 0.16)
     readonly property color heroButton: isDark ? "#62CFCB" : "#FFFFFF"
     readonly property color heroArrow: isDark ? "#04292B" : "#0B666C"
@@ -59,26 +61,26 @@ QtObject {
     readonly property color pressedVeil: isDark ? Qt.rgba(1, 1, 1, 0.1) : Qt.rgba(0.11, 0.106, 0.094, 0.08)
     readonly property color hoverVeil: isDark ? Qt.rgba(1, 1, 1, 0.04) : Qt.rgba(0.11, 0.106, 0.094, 0.04)
     readonly property color pictureInk: "#FFFFFF"
-    readonly property color label: Qt.rgba(0, 0, 0, 0.66)
+    readonly property color label: Qt.rgba(0, 0, 0, hasHighContrast ? 0.85 : 0.66)
     readonly property color videoGround: "#000000"
-    readonly property color introText: "#E6F0F0"
+    readonly property color introText: hasHighContrast ? pictureInk : "#E6F0F0"
     readonly property color introScrimBegin: Qt.rgba(0.012, 0.078, 0.086, 0)
-    readonly property color introScrimMiddle: Qt.rgba(0.012, 0.078, 0.086, 0.7)
-    readonly property color introScrimEnd: Qt.rgba(0.012, 0.078, 0.086, 0.86)
+    readonly property color introScrimMiddle: Qt.rgba(0.012, 0.078, 0.086, hasHighContrast ? 0.9 : 0.7)
+    readonly property color introScrimEnd: Qt.rgba(0.012, 0.078, 0.086, hasHighContrast ? 0.95 : 0.86)
     readonly property color pictureButton: "#FFFFFF"
     readonly property color pictureButtonInk: "#1C1B18"
-    readonly property color pageMarkRest: Qt.rgba(1, 1, 1, 0.5)
+    readonly property color pageMarkRest: Qt.rgba(1, 1, 1, hasHighContrast ? 0.8 : 0.5)
     readonly property color playerButton: Qt.rgba(0, 0, 0, 0.62)
-    readonly property color playerScrim: Qt.rgba(0, 0, 0, 0.6)
-    readonly property color playerTrack: Qt.rgba(1, 1, 1, 0.3)
-    readonly property color playerNote: Qt.rgba(1, 1, 1, 0.7)
-    readonly property color scrimMiddle: Qt.rgba(0, 0, 0, 0.66)
-    readonly property color scrimEnd: Qt.rgba(0, 0, 0, 0.74)
+    readonly property color playerScrim: Qt.rgba(0, 0, 0, hasHighContrast ? 0.85 : 0.6)
+    readonly property color playerTrack: Qt.rgba(1, 1, 1, hasHighContrast ? 0.6 : 0.3)
+    readonly property color playerNote: hasHighContrast ? pictureInk : Qt.rgba(1, 1, 1, 0.7)
+    readonly property color scrimMiddle: Qt.rgba(0, 0, 0, hasHighContrast ? 0.85 : 0.66)
+    readonly property color scrimEnd: Qt.rgba(0, 0, 0, hasHighContrast ? 0.9 : 0.74)
 
     // What the named colours of the platform are drawn as.
-    readonly property color gray: isDark ? "#B9BDBA" : "#4F4C46"
-    readonly property real tabTitleOpacity: 0.85
-    readonly property color hairline: isDark ? Qt.rgba(0.667, 0.667, 0.667, 0.22) : Qt.rgba(0.667, 0.667, 0.667, 0.5)
+    readonly property color gray: hasHighContrast ? ink : isDark ? "#B9BDBA" : "#4F4C46"
+    readonly property real tabTitleOpacity: hasHighContrast ? 1 : 0.85
+    readonly property color hairline: hasHighContrast ? line : isDark ? Qt.rgba(0.667, 0.667, 0.667, 0.22) : Qt.rgba(0.667, 0.667, 0.667, 0.5)
     readonly property color tileShadow: "#808080"
 
     readonly property real disabledOpacity: 0.5
@@ -257,18 +259,17 @@ QtObject {
         blur: 10
     }
 
-    // Durations in milliseconds. What slides or grows only fades where less motion is wished.
+    // Durations in milliseconds; 0 where the user wants nothing to move.
     readonly property real pace: App.Appearance.durationsScale
-    readonly property int plainFade: 120
     readonly property int press: 90 * pace
     readonly property int fade: 220 * pace
-    readonly property int sheetUp: (reducesMotion ? plainFade : 280) * pace
-    readonly property int sheetDown: (reducesMotion ? plainFade : 200) * pace
-    readonly property int push: (reducesMotion ? plainFade : 300) * pace
-    readonly property int alert: (reducesMotion ? plainFade : 180) * pace
-    readonly property int menu: (reducesMotion ? plainFade : 180) * pace
-    readonly property int toolbar: (reducesMotion ? 0 : 220) * pace
-    readonly property int selectionSlide: (reducesMotion ? 0 : 160) * pace
+    readonly property int sheetUp: 280 * pace
+    readonly property int sheetDown: 200 * pace
+    readonly property int push: 300 * pace
+    readonly property int alert: 180 * pace
+    readonly property int menu: 180 * pace
+    readonly property int toolbar: 220 * pace
+    readonly property int selectionSlide: 160 * pace
     readonly property int stars: 100 * pace
     readonly property int introTexts: 300 * pace
     readonly property int picture: 120 * pace

@@ -16,8 +16,8 @@ class Appearance : public QObject {
     QML_ELEMENT
     QML_SINGLETON
     Q_PROPERTY(bool isDark READ isDark NOTIFY changed)
+    Q_PROPERTY(bool hasHighContrast READ hasHighContrast NOTIFY changed)
     Q_PROPERTY(qreal textScale READ textScale NOTIFY changed)
-    Q_PROPERTY(bool reducesMotion READ reducesMotion NOTIFY changed)
     Q_PROPERTY(bool isTurned READ isTurned NOTIFY changed)
     Q_PROPERTY(qreal durationsScale READ durationsScale NOTIFY changed)
     Q_PROPERTY(qreal windowWidth READ windowWidth NOTIFY changed)
@@ -36,19 +36,20 @@ public:
     bool isDark() const { return m_isDark; }
     void setDark(bool dark) { assign(m_isDark, dark); }
 
+    bool hasHighContrast() const { return m_hasHighContrast; }
+    void setHighContrast(bool high) { assign(m_hasHighContrast, high); }
+
     qreal textScale() const { return m_textScale; } ///< 1…1.5
     void setTextScale(qreal scale) { assign(m_textScale, qBound(1.0, scale, 1.5)); }
-
-    bool reducesMotion() const { return m_reducesMotion; }
-    void setReducesMotion(bool reduces) { assign(m_reducesMotion, reduces); }
 
     /// Whether screens that may lie on their side do so now.
     bool isTurned() const { return m_isTurned; }
     void setTurned(bool turned) { assign(m_isTurned, turned); }
 
     /// What every duration is multiplied by; 0 lets everything happen at once.
-    qreal durationsScale() const { return m_durationsScale; }
+    qreal durationsScale() const { return m_isStill ? 0 : m_durationsScale; }
     void setDurationsScale(qreal scale) { assign(m_durationsScale, scale); }
+    void setStill(bool still) { assign(m_isStill, still); } ///< 0 whatever else is said
 
     qreal windowWidth() const { return m_windowSize.width(); }   ///< in points
     qreal windowHeight() const { return m_windowSize.height(); } ///< in points
@@ -75,7 +76,8 @@ private:
     }
 
     bool m_isDark = false;
-    bool m_reducesMotion = false;
+    bool m_hasHighContrast = false;
+    bool m_isStill = false;
     bool m_isTurned = false;
     qreal m_textScale = 1;
     qreal m_durationsScale = 1;

@@ -74,7 +74,8 @@ void WindowApplication::followDesktop() {
         const DesktopAppearance::Settings& wishes = desktop.settings();
         m_appearance->setDark(wishes.isDark);
         m_appearance->setTextScale(wishes.textScale);
-        m_appearance->setReducesMotion(wishes.reducesMotion);
+        m_appearance->setHighContrast(wishes.hasHighContrast);
+        m_appearance->setStill(wishes.isStill);
     });
 }
 

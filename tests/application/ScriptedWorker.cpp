@@ -98,7 +98,7 @@ private:
 
     void drawPicture() {
         const auto bytes = static_cast<std::size_t>(m_thumbnail.width * m_thumbnail.height * 4);
-        writeAll(m_letter.descriptors.at(1).number(), std::string(bytes, 'x'));
+        writeAll(m_letter.descriptors.at(1).number(), std::string(bytes, '\xff'));
     }
 
     Channel& m_channel;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // The real window on made-up surroundings, for tapping through every screen and for pictures of them:
-//   reelsmith-demo [--scene NAME] [--size WIDTHxHEIGHT] [--dark] [--text SCALE] [--picture FILE]
+//   reelsmith-demo [--scene NAME] [--size WIDTHxHEIGHT] [--dark] [--contrast] [--text SCALE] [--picture FILE]
 // With --picture the window is saved once nothing has changed in it for a moment, and the demo ends.
 #include "demo/DemoServices.h"
 #include "demo/Scenes.h"
@@ -30,7 +30,9 @@ QSize parsedSize(const QString& text) {
 LinuxPlatform platform(const QCommandLineParser& options) {
     LinuxPlatform made;
     made.appearance = std::make_unique<DemoAppearance>(
-        DesktopAppearance::Settings{options.isSet("dark"), options.value("text").toDouble(), false});
+        DesktopAppearance::Settings{.isDark = options.isSet("dark"),
+                                    .hasHighContrast = options.isSet("contrast"),
+                                    .textScale = options.value("text").toDouble()});
     made.services.fileSharing = std::make_unique<DemoFileSharing>();
     return made;
 }
@@ -54,6 +56,7 @@ int main(int argc, char** argv) {
     options.addOptions({{"scene", "what to show", "NAME", "convert"},
                         {"size", "of the window", "SIZE", "390x844"},
                         {"dark", "dark colours"},
+                        {"contrast", "colours of high contrast"},
                         {"text", "scale of the text", "SCALE", "1"},
                         {"picture", "save the window and end", "FILE"}});
     options.process(application);

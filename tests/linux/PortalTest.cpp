@@ -174,4 +174,17 @@ TEST_F(Portal, TheAppearanceIsTheUsualOneWhereNobodyKnows) {
     EXPECT_EQ(appearance.settings(), DesktopAppearance::Settings());
 }
 
+TEST_F(Portal, TheWishForContrastIsFollowed) {
+    m_desktop.appear(portal);
+    PortalAppearance appearance(m_client);
+    for (const uint contrast : {1U, 2U}) {
+        QDBusMessage change = QDBusMessage::createSignal("/org/freedesktop/portal/desktop",
+                                                         "org.freedesktop.portal.Settings", "SettingChanged");
+        change << "org.freedesktop.appearance"
+               << "contrast" << QVariant::fromValue(QDBusVariant(contrast));
+        m_desktop.bus().send(change);
+        EXPECT_TRUE(runLoopUntil([&] { return appearance.settings().hasHighContrast == (contrast == 1); }));
+    }
+}
+
 #include "PortalTest.moc"

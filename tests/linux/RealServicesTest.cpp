@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "linux/DesktopTest.h"
 
+#include "platform/foundation/OngoingWork.h"
+#include "platform/linux/DesktopInhibitor.h"
 #include "platform/linux/LinuxPlatform.h"
+#include "platform/uikit/UIApplication.h"
 
 #include <QDBusInterface>
 
 using namespace reelsmith;
+using std::chrono::milliseconds;
 
 /// What runs here for real; see with_desktop.
 class RealServices : public testing::Test {
@@ -16,8 +20,9 @@ protected:
         EXPECT_TRUE(runLoopUntil([this] { return QFile::exists(m_handedOver); }));
         return QString::fromUtf8(readFile(m_handedOver));
     }
-    static void setSetting(const QString& key, const QString& value) {
-        EXPECT_EQ(QProcess::execute("gsettings", {"set", "org.gnome.desktop.interface", key, value}), 0);
+    static void setSetting(const QString& key, const QString& value,
+                           const QString& group = "org.gnome.desktop.interface") {
+        EXPECT_EQ(QProcess::execute("gsettings", {"set", group, key, value}), 0);
     }
     static QString inhibited() {
         const QDBusInterface manager("org.freedesktop.login1", "/org/freedesktop/login1",
@@ -39,12 +44,14 @@ TEST_F(RealServices, TheAppearanceFollowsTheDesktopsSettings) {
     setSetting("color-scheme", "prefer-dark");
     setSetting("text-scaling-factor", "1.5");
     setSetting("enable-animations", "false");
-    const DesktopAppearance::Settings wanted{true, 1.5, true};
+    setSetting("high-contrast", "true", "org.gnome.desktop.a11y.interface");
+    const DesktopAppearance::Settings wanted{
+        .isDark = true, .hasHighContrast = true, .textScale = 1.5, .isStill = true};
     EXPECT_TRUE(runLoopUntil([&] { return appearance.settings() == wanted; }));
     setSetting("font-name", "Serif");
     setSetting("enable-animations", "true");
-    EXPECT_TRUE(runLoopUntil([&] { return !appearance.settings().reducesMotion; }));
-    EXPECT_EQ(tellings, 5);
+    EXPECT_TRUE(runLoopUntil([&] { return !appearance.settings().isStill; }));
+    EXPECT_EQ(tellings, 6);
 }
 
 TEST_F(RealServices, LinksAndMailsReachTheUsersPrograms) {
@@ -76,12 +83,28 @@ TEST_F(RealServices, TheFeedbackDaemonPlaysATouch) {
     EXPECT_TRUE(runLoopUntil([&isEnded] { return isEnded; }));
 }
 
-TEST_F(RealServices, TheLoginManagerKnowsOfAHeldSleepInhibitor) {
+TEST_F(RealServices, TheLoginManagerKeepsTheDeviceAwakeWhileWorkGoesOnAndAMomentBeyond) {
     if (!QDBusConnection::systemBus().isConnected())
         GTEST_SKIP() << "no login manager runs here: that takes root";
+    UIApplication application(std::move(m_platform.sleepInhibitor),
+                              {milliseconds(200), std::chrono::hours(3)});
     EXPECT_EQ(inhibited(), "");
-    m_platform.sleepInhibitor->hold();
+    auto work = std::make_unique<OngoingWork>();
+    QString atExpiry;
+    application.beginBackgroundTask([&] { atExpiry = inhibited(); });
     EXPECT_TRUE(runLoopUntil([] { return inhibited() == "sleep"; }));
-    m_platform.sleepInhibitor->letGo();
+    work.reset();
+    EXPECT_TRUE(runLoopUntil([] { return inhibited().isEmpty(); }));
+    EXPECT_EQ(atExpiry, "sleep");
+}
+
+TEST_F(RealServices, TheScreenStaysOnByTheLoginManagerWhereNothingElseKeepsIt) {
+    if (!QDBusConnection::systemBus().isConnected())
+        GTEST_SKIP() << "no login manager runs here: that takes root";
+    DesktopInhibitor idle({screenSaverLease(QDBusConnection::sessionBus()),
+                           loginManagerLease(QDBusConnection::systemBus(), "idle")});
+    idle.hold();
+    EXPECT_TRUE(runLoopUntil([] { return inhibited() == "idle"; }));
+    idle.letGo();
     EXPECT_TRUE(runLoopUntil([] { return inhibited().isEmpty(); }));
 }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "Contrast.h"
 #include "Layout.h"
 #include "TestApplication.h"
 
@@ -121,10 +122,19 @@ TEST(EveryControl, IsReachedByTabWhichNeverLeavesTheScreenInFront) {
     });
 }
 
-TEST(EveryControl, IsPressedByReturn) {
+/// As a tool for the disabled does.
+void act(QQuickItem& item) {
+    auto& actions = *QAccessible::queryAccessibleInterface(&item)->actionInterface();
+    const QString toggle = QAccessibleActionInterface::toggleAction();
+    const bool canToggle = actions.actionNames().contains(toggle);
+    actions.doAction(canToggle ? toggle : QAccessibleActionInterface::pressAction());
+}
+
+TEST(EveryControl, IsPressedByReturnAndByAssistiveTools) {
     for (const auto& [name, show] : scenes().asKeyValueRange()) {
         SCOPED_TRACE(name.toStdString());
-        for (std::size_t stop = 0, count = 1; stop < count; ++stop) {
+        for (std::size_t way = 0, count = 1; way < 2 * count; ++way) {
+            const std::size_t stop = way / 2;
             ApplicationAt application(show);
             std::vector<QQuickItem*> buttons = tabOrder(application);
             std::erase_if(buttons, [](QQuickItem* item) { return !item->inherits("QQuickAbstractButton"); });
@@ -134,10 +144,25 @@ TEST(EveryControl, IsPressedByReturn) {
             QSignalSpy presses(buttons.at(stop), SIGNAL(clicked()));
             buttons.at(stop)->forceActiveFocus(Qt::TabFocusReason);
             const std::string button = description(*buttons.at(stop));
-            application.press(Qt::Key_Return);
-            EXPECT_EQ(presses.count(), 1) << button;
+            if (way % 2 == 0)
+                application.press(Qt::Key_Return);
+            else
+                act(*buttons.at(stop));
+            EXPECT_EQ(presses.count(), 1) << button << (way % 2 == 0 ? " by Return" : " by a tool");
         }
     }
+}
+
+TEST(EveryScreen, IsReadableInAllColours) {
+    onEveryScreen([](TestApplication& application) {
+        for (const auto& [isDark, isHigh] :
+             {std::pair(false, false), {true, false}, {false, true}, {true, true}}) {
+            application.appearance().setDark(isDark);
+            application.appearance().setHighContrast(isHigh);
+            for (const std::string& mark : faintMarks(application.window(), application.frontItem(), isHigh))
+                ADD_FAILURE() << (isDark ? "dark" : "light") << (isHigh ? ", high contrast: " : ": ") << mark;
+        }
+    });
 }
 
 TEST(EveryScreen, FitsEveryWindowAndTextSize) {

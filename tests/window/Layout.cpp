@@ -18,17 +18,15 @@ QRectF shrunk(const QRectF& rectangle) {
     return rectangle.adjusted(tolerance, tolerance, -tolerance, -tolerance);
 }
 
-bool isText(const QQuickItem& item) {
-    return item.inherits("QQuickText") && !item.property("text").toString().isEmpty();
-}
-
 /// Where the letters of a text are, within its item: from the top of a capital on, without the air between
 /// lines.
 QRectF letters(const QQuickItem& text) {
     const QFontMetricsF metrics(text.property("font").value<QFont>());
     const qreal above = metrics.ascent() - metrics.capHeight();
     const qreal ink = metrics.tightBoundingRect(text.property("text").toString()).bottom();
-    const qreal air = text.property("lineHeight").toReal() - metrics.ascent() - qMax(0.0, ink);
+    const bool hasOwnLine = text.property("lineHeightMode").toInt() == 1;
+    const qreal line = hasOwnLine ? text.property("lineHeight").toReal() : metrics.height();
+    const qreal air = line - metrics.ascent() - qMax(0.0, ink);
     const QSizeF content(text.property("contentWidth").toReal(), text.property("contentHeight").toReal());
     const auto alignment = Qt::Alignment(text.property("effectiveHorizontalAlignment").toInt());
     const qreal free = text.width() - content.width();
@@ -102,6 +100,14 @@ std::string description(const QQuickItem& item) {
             name = item.property(property).toString();
     }
     return (type + " \"" + name + '"').toStdString();
+}
+
+bool isText(const QQuickItem& item) {
+    return item.inherits("QQuickText") && !item.property("text").toString().isEmpty();
+}
+
+QRectF seenPlace(const QQuickItem& item, const QQuickItem& screen) {
+    return sight(item, screen).seen;
 }
 
 std::vector<std::string> flaws(QQuickWindow& window, QQuickItem& screen) {

@@ -123,6 +123,14 @@ TEST(BottomSheet, TellsAPressBesideItOnly) {
     EXPECT_EQ(stage.root().property("dimTaps").toInt(), 1);
 }
 
+TEST(Screen, TakesNoTimeToComeWhereTheUserWantsNoMotion) {
+    Stage stage("Screen {}");
+    stage.appearance().setDurationsScale(1);
+    EXPECT_GT(stage.root().property("appearDuration").toInt(), 0);
+    stage.appearance().setStill(true);
+    EXPECT_EQ(stage.root().property("appearDuration").toInt(), 0);
+}
+
 TEST(Screen, ComesFromTheSideOrFromBelowOrOnlyFades) {
     Stage stage(R"(Item { Screen { objectName: "screen"; anchors.fill: parent } })");
     QQuickItem& screen = stage.item("screen");
@@ -135,7 +143,7 @@ TEST(Screen, ComesFromTheSideOrFromBelowOrOnlyFades) {
     screen.setProperty("presence", 0);
     EXPECT_EQ(topLeft(), QPointF(0, 844));
 
-    stage.appearance().setReducesMotion(true);
+    screen.setProperty("dissolves", true);
     EXPECT_EQ(topLeft(), QPointF(0, 0));
     EXPECT_EQ(screen.opacity(), 0);
     screen.setProperty("presence", 1);

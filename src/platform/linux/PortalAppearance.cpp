@@ -17,9 +17,11 @@ namespace {
 
 const QString portalGroup = QStringLiteral("org.freedesktop.appearance");
 const QString desktopGroup = QStringLiteral("org.gnome.desktop.interface");
+const QString accessibilityGroup = QStringLiteral("org.gnome.desktop.a11y.interface");
 constexpr double smallestTextScale = 0.5;
 constexpr double largestTextScale = 3;
 constexpr uint prefersDark = 1;
+constexpr uint prefersHighContrast = 1;
 
 } // namespace
 
@@ -42,7 +44,7 @@ void PortalAppearance::setObserver(Observer observer) {
 void PortalAppearance::read() {
     QDBusMessage question = PortalRequest::message(PortalRequest::interfaceName(QStringLiteral("Settings")),
                                                    QStringLiteral("ReadAll"));
-    question << QStringList{portalGroup, desktopGroup};
+    question << QStringList{portalGroup, desktopGroup, accessibilityGroup};
     callBus(m_bus, question, this, [this](const QDBusMessage& reply) {
         QMap<QString, QVariantMap> groups;
         if (reply.type() == QDBusMessage::ReplyMessage)
@@ -66,10 +68,15 @@ void PortalAppearance::settingChanged(const QString& group, const QString& key, 
 void PortalAppearance::take(const QString& group, const QString& key, const QVariant& value) {
     if (group == portalGroup && key == QLatin1String("color-scheme"))
         m_settings.isDark = value.toUInt() == prefersDark;
+    else if (group == portalGroup && key == QLatin1String("contrast"))
+        m_settings.hasHighContrast = value.toUInt() == prefersHighContrast;
+    // The same wish, for portals that do not have it among their own.
+    else if (group == accessibilityGroup && key == QLatin1String("high-contrast"))
+        m_settings.hasHighContrast = value.toBool();
     else if (group == desktopGroup && key == QLatin1String("text-scaling-factor"))
         m_settings.textScale = std::clamp(value.toDouble(), smallestTextScale, largestTextScale);
     else if (group == desktopGroup && key == QLatin1String("enable-animations"))
-        m_settings.reducesMotion = !value.toBool();
+        m_settings.isStill = !value.toBool();
 }
 
 void PortalAppearance::tell() const {

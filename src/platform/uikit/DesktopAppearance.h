@@ -13,8 +13,9 @@ class DesktopAppearance {
 public:
     struct Settings {
         bool isDark = false;
+        bool hasHighContrast = false;
         double textScale = 1; ///< 1: the usual size
-        bool reducesMotion = false;
+        bool isStill = false; ///< nothing moves
 
         bool operator==(const Settings&) const = default;
     };
