@@ -47,32 +47,37 @@ UIImage cachedThumbnail(const QUrl& url) {
 
 } // namespace
 
+QUrl ConvertedVideo::url() const {
+    return m_path.empty() ? m_url : fileUrlOfBytes(m_path);
+}
+
 QString ConvertedVideo::name() const {
-    const QStringList components = pathComponents(m_url);
+    const QStringList components = pathComponents(url());
     return components.isEmpty() ? QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper()
                                 : components.last();
 }
 
 void ConvertedVideo::thumbnail(std::function<void(const UIImage&)> completion,
                                std::stop_token unwanted) const {
-    if (const std::optional<UIImage> kept = ThumbnailCache::shared().image(m_url)) {
+    const QUrl file = url();
+    if (const std::optional<UIImage> kept = ThumbnailCache::shared().image(file)) {
         DispatchQueue::main().async(
             [image = *kept, completion = std::move(completion)] { completion(image); });
         return;
     }
     ThumbnailQueue::shared().add(
-        [url = m_url, completion = std::move(completion)] {
-            DispatchQueue::main().async([image = cachedThumbnail(url), completion] { completion(image); });
+        [file, completion = std::move(completion)] {
+            DispatchQueue::main().async([image = cachedThumbnail(file), completion] { completion(image); });
         },
         std::move(unwanted));
 }
 
 QString ConvertedVideo::durationText() const {
-    return reelsmith::durationText(AVAsset(m_url).duration().seconds());
+    return reelsmith::durationText(AVAsset(url()).duration().seconds());
 }
 
 std::optional<QString> ConvertedVideo::resolutionText() const {
-    const std::vector<AVAssetTrack> tracks = AVAsset(m_url).tracks(AVMediaType::Video);
+    const std::vector<AVAssetTrack> tracks = AVAsset(url()).tracks(AVMediaType::Video);
     if (tracks.empty())
         return std::nullopt;
     const AVAssetTrack& track = tracks.front();

@@ -8,6 +8,7 @@
 #include <functional>
 #include <optional>
 #include <stop_token>
+#include <string>
 
 namespace reelsmith {
 
@@ -16,7 +17,11 @@ class ConvertedVideo {
 public:
     explicit ConvertedVideo(QUrl url) : m_url(std::move(url)) {}
 
-    const QUrl& url() const { return m_url; }
+    /// The file at an absolute path, in the file system's bytes: cheap to hold by thousands.
+    explicit ConvertedVideo(std::string path) : m_path(std::move(path)) {}
+
+    /// Made at each call from a path.
+    QUrl url() const;
 
     /// The file's name with its ending; a new UUID at each call where the URL has no path.
     QString name() const;
@@ -34,10 +39,11 @@ public:
     /// video track. Waits for the file to be read.
     std::optional<QString> resolutionText() const;
 
-    bool operator==(const ConvertedVideo&) const = default;
+    bool operator==(const ConvertedVideo& other) const { return url() == other.url(); }
 
 private:
     QUrl m_url;
+    std::string m_path;
 };
 
 } // namespace reelsmith

@@ -7,12 +7,23 @@
 #include "platform/foundation/FileManager.h"
 #include "platform/foundation/URLs.h"
 
+#include <algorithm>
+#include <functional>
+
 namespace reelsmith {
 
 namespace {
 
 QUrl folder(const QString& name) {
     return appendingPathComponent(documentsFolder(), name);
+}
+
+QList<ConvertedVideo> videos(std::vector<FileManager::Entry> entries) {
+    QList<ConvertedVideo> videos;
+    videos.reserve(static_cast<qsizetype>(entries.size()));
+    for (FileManager::Entry& entry : entries)
+        videos.append(ConvertedVideo(std::move(entry.path)));
+    return videos;
 }
 
 const QString outputsName = QStringLiteral("outputs");
@@ -36,7 +47,8 @@ void FileSystem::clearDownloads() {
     const auto contents = files.contentsOfDirectory(downloadsFolder());
     if (!contents)
         return;
-    for (const QUrl& url : *contents) {
+    for (const FileManager::Entry& entry : *contents) {
+        const QUrl url = entry.url();
         console(QStringLiteral("Deleting: ") + url.toString(QUrl::FullyEncoded));
         static_cast<void>(files.removeItem(url));
     }
@@ -53,14 +65,19 @@ void FileSystem::deleteVideo(const QUrl& url) {
 }
 
 std::optional<QList<ConvertedVideo>> FileSystem::convertedVideos() const {
-    const auto contents = FileManager::defaultManager().contentsOfDirectory(outputsFolder());
+    auto contents = FileManager::defaultManager().contentsOfDirectory(outputsFolder());
     if (!contents)
         return std::nullopt;
-    QList<ConvertedVideo> videos;
-    videos.reserve(contents->size());
-    for (const QUrl& url : *contents)
-        videos.append(ConvertedVideo(url));
-    return videos;
+    return videos(std::move(*contents));
+}
+
+std::optional<QList<ConvertedVideo>> FileSystem::convertedVideosNewestFirst() const {
+    auto contents = FileManager::defaultManager().contentsOfDirectory(outputsFolder(),
+                                                                      FileManager::Facts::ModificationDates);
+    if (!contents)
+        return std::nullopt;
+    std::ranges::stable_sort(*contents, std::greater(), &FileManager::Entry::modified);
+    return videos(std::move(*contents));
 }
 
 QUrl FileSystem::outputsFolder() const {

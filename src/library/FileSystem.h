@@ -30,6 +30,9 @@ public:
     /// empty one, when the folder cannot be listed.
     std::optional<QList<ConvertedVideo>> convertedVideos() const;
 
+    /// The same, the one last written to first. What has no date that can be read is taken for the oldest.
+    std::optional<QList<ConvertedVideo>> convertedVideosNewestFirst() const;
+
     QUrl outputsFolder() const;
     QUrl downloadsFolder() const;
 

@@ -7,33 +7,15 @@
 #include "library/VideoDeletion.h"
 #include "library/VideoDetailViewController.h"
 #include "library/VideoPlayer.h"
-#include "platform/foundation/FileManager.h"
 #include "platform/uikit/UIAlertController.h"
 #include "platform/uikit/UINavigationController.h"
 #include "platform/uikit/UIScreen.h"
-
-#include <algorithm>
 
 namespace reelsmith {
 
 namespace {
 
 const QString cellIdentifier = QStringLiteral("VideoCollectionViewCell");
-
-// What has no date that can be read is taken for the oldest.
-QList<ConvertedVideo> newestFirst(const QList<ConvertedVideo>& videos) {
-    const FileManager& files = FileManager::defaultManager();
-    std::vector<std::pair<FileManager::Date, const ConvertedVideo*>> dated;
-    dated.reserve(static_cast<std::size_t>(videos.size()));
-    for (const ConvertedVideo& video : videos)
-        dated.emplace_back(files.modificationDate(video.url()).value_or(FileManager::Date::min()), &video);
-    std::ranges::stable_sort(dated, std::greater(), [](const auto& entry) { return entry.first; });
-    QList<ConvertedVideo> sorted;
-    sorted.reserve(videos.size());
-    for (const auto& [date, video] : dated)
-        sorted.append(*video);
-    return sorted;
-}
 
 } // namespace
 
@@ -62,8 +44,8 @@ void VideosViewController::viewDidAppear() {
 }
 
 void VideosViewController::loadVideos() {
-    if (const auto videos = FileSystem::shared().convertedVideos())
-        show(newestFirst(*videos));
+    if (const auto videos = FileSystem::shared().convertedVideosNewestFirst())
+        show(*videos);
 }
 
 void VideosViewController::show(const QList<ConvertedVideo>& videos) {

@@ -7,6 +7,7 @@
 
 #include <cerrno>
 #include <dirent.h>
+#include <fcntl.h>
 #include <memory>
 #include <sys/stat.h>
 
@@ -31,6 +32,14 @@ Result<void> checkConfinement(const QUrl& url) {
     if (!isInDocumentsFolder(url))
         return failure(quoted(url) + QStringLiteral(" lies outside the documents folder"));
     return {};
+}
+
+std::optional<FileManager::Date> modificationDate(int folder, const char* name) {
+    struct statx facts {};
+    if (statx(folder, name, AT_STATX_SYNC_AS_STAT, STATX_MTIME, &facts) != 0)
+        return std::nullopt;
+    return FileManager::Date(std::chrono::seconds(facts.stx_mtime.tv_sec) +
+                             std::chrono::nanoseconds(facts.stx_mtime.tv_nsec));
 }
 
 bool holdsOpenSource(const std::filesystem::path& path) {
@@ -62,30 +71,30 @@ Result<void> FileManager::createDirectory(const QUrl& url) {
     return {};
 }
 
-Result<QList<QUrl>> FileManager::contentsOfDirectory(const QUrl& url) const {
+QUrl FileManager::Entry::url() const {
+    return fileUrlOfBytes(path);
+}
+
+Result<std::vector<FileManager::Entry>> FileManager::contentsOfDirectory(const QUrl& url, Facts facts) const {
     const std::string folder = filePathBytes(url);
     const std::unique_ptr<DIR, CloseDirectory> directory(opendir(folder.c_str()));
     if (!directory)
         return cannotList(url);
     const std::string prefix = folder.ends_with('/') ? folder : folder + '/';
-    QList<QUrl> contents;
+    std::vector<Entry> contents;
     // Only errno tells an error from the end.
     errno = 0;
     while (const dirent* const entry = readdir(directory.get())) {
         if (entry->d_name[0] != '.')
-            contents.append(fileUrlOfBytes(prefix + entry->d_name));
+            contents.push_back(
+                {prefix + entry->d_name, facts == Facts::ModificationDates
+                                             ? modificationDate(dirfd(directory.get()), entry->d_name)
+                                             : std::nullopt});
         errno = 0;
     }
     if (errno != 0)
         return cannotList(url);
     return contents;
-}
-
-std::optional<FileManager::Date> FileManager::modificationDate(const QUrl& url) const {
-    struct stat facts {};
-    if (stat(filePathBytes(url).c_str(), &facts) != 0)
-        return std::nullopt;
-    return Date(std::chrono::seconds(facts.st_mtim.tv_sec) + std::chrono::nanoseconds(facts.st_mtim.tv_nsec));
 }
 
 Result<void> FileManager::removeItem(const QUrl& url) {

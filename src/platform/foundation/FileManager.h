@@ -23,16 +23,24 @@ public:
 
     using Date = std::chrono::sys_time<std::chrono::nanoseconds>;
 
+    /// An entry of a folder. Its URL costs more than finding it, and is made when asked for.
+    struct Entry {
+        std::string path; ///< absolute, in the file system's bytes
+        std::optional<Date>
+            modified; ///< when it was last written to, where that was asked for and can be found out
+
+        QUrl url() const;
+    };
+
+    enum class Facts { NamesOnly, ModificationDates };
+
     static FileManager& defaultManager();
 
     /// Makes a folder and those above it; one that is there already is no error.
     Result<void> createDirectory(const QUrl& url);
 
     /// The entries of a folder in the file system's own order, hidden ones left out.
-    Result<QList<QUrl>> contentsOfDirectory(const QUrl& url) const;
-
-    /// When the file was last written to; none where that cannot be found out.
-    std::optional<Date> modificationDate(const QUrl& url) const;
+    Result<std::vector<Entry>> contentsOfDirectory(const QUrl& url, Facts facts = Facts::NamesOnly) const;
 
     /// Removes a file, a link (not what it leads to), or a folder with all that it holds. Refused outside the
     /// documents folder and for a file under an open security-scoped access.
