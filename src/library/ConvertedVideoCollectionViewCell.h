@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/uikit/ImageView.h"
+#include "library/ThumbnailRequest.h"
 #include "platform/uikit/Label.h"
 #include "platform/uikit/UICollectionViewCell.h"
-
-#include <stop_token>
 
 namespace reelsmith {
 
@@ -19,19 +17,15 @@ public:
     ImageView* thumbnailImageView() { return &m_thumbnailImageView; }
     Label* titleLabel() { return &m_titleLabel; }
 
-    /// Requested when it shows another video, or none.
-    std::stop_token gone() { return m_gone.get_token(); }
+    void showThumbnail(const ConvertedVideo& video) { m_thumbnail.start(video, m_thumbnailImageView); }
 
 protected:
-    void didEndDisplaying() override {
-        m_gone.request_stop();
-        m_gone = {};
-    }
+    void didEndDisplaying() override { m_thumbnail.cancel(); }
 
 private:
     ImageView m_thumbnailImageView;
     Label m_titleLabel;
-    std::stop_source m_gone;
+    ThumbnailRequest m_thumbnail;
 };
 
 } // namespace reelsmith

@@ -57,7 +57,6 @@ int ConvertedVideosViewController::collectionViewNumberOfItemsInSection(UICollec
     return static_cast<int>(m_videos.size());
 }
 
-// A reused tile keeps its picture until the new one comes, and takes whatever comes late.
 CellsView::Cell ConvertedVideosViewController::collectionViewCellForItemAt(UICollectionView& view,
                                                                            const IndexPath& path) {
     CellsView::Cell cell = view.dequeueReusableCell(cellIdentifier);
@@ -66,12 +65,7 @@ CellsView::Cell ConvertedVideosViewController::collectionViewCellForItemAt(UICol
         return std::make_unique<UICollectionViewCell>();
     const ConvertedVideo& video = m_videos.at(path.item);
     tile->titleLabel()->setText(video.name());
-    video.thumbnail(
-        [tile = QPointer(tile)](const UIImage& image) {
-            if (tile)
-                tile->thumbnailImageView()->setImage(image);
-        },
-        tile->gone());
+    tile->showThumbnail(video);
     return cell;
 }
 

@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "library/ConvertedVideo.h"
-#include "platform/uikit/ImageView.h"
+#include "library/ThumbnailRequest.h"
 #include "platform/uikit/Label.h"
 #include "platform/uikit/UICollectionViewCell.h"
-
-#include <stop_token>
 
 namespace reelsmith {
 
@@ -25,16 +22,13 @@ public:
     void configure(const ConvertedVideo& video);
 
 protected:
-    void didEndDisplaying() override {
-        m_gone.request_stop();
-        m_gone = {};
-    }
+    void didEndDisplaying() override { m_thumbnail.cancel(); }
 
 private:
     View m_containerView;
     ImageView m_videoImageView;
     Label m_titleLabel;
-    std::stop_source m_gone; // requested when it shows another video, or none
+    ThumbnailRequest m_thumbnail;
 };
 
 } // namespace reelsmith
