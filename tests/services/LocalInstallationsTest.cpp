@@ -15,8 +15,8 @@ namespace {
 
 QString token(const QTemporaryDir& folder, Installations::Refresh refresh) {
     std::promise<QString> told;
-    LocalInstallations(folder.path())
-        .authTokenForcingRefresh(
+    std::make_shared<LocalInstallations>(folder.path())
+        ->authTokenForcingRefresh(
             refresh, [&told](const auto& token, const auto&) { told.set_value(token->authToken); });
     return told.get_future().get();
 }

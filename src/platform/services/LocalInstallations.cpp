@@ -53,8 +53,8 @@ QString LocalInstallations::id() {
 
 void LocalInstallations::authTokenForcingRefresh(Refresh refresh, AuthTokenCompletion completion) {
     DispatchQueue::global(QualityOfService::UserInitiated)
-        .async([token = token(refresh), completion = std::move(completion)] {
-            completion(InstallationAuthToken{token}, std::nullopt);
+        .async([self = shared_from_this(), refresh, completion = std::move(completion)] {
+            completion(InstallationAuthToken{self->token(refresh)}, std::nullopt);
         });
 }
 
