@@ -32,8 +32,7 @@ VideoPreview::Facts factsOf(const QUrl& url, const std::stop_token& stop) {
     return facts;
 }
 
-/// Looks at one video after another: the media worker looks at no more than one at a time, and has to begin a
-/// picture anew when the properties of another video are asked for meanwhile.
+/// Looks at one video after another: one media worker reads the properties of all.
 class PreviewQueue {
 public:
     using Work = std::function<void()>;
