@@ -6,4 +6,5 @@ import QtQuick
 StyledText {
     Accessible.role: Accessible.StaticText
     Accessible.name: text
+    Accessible.ignored: text === ""
 }

@@ -12,6 +12,7 @@ Row {
 
     Accessible.role: Accessible.StaticText
     Accessible.name: text
+    Accessible.ignored: text === ""
 
     FontMetrics {
         id: metrics

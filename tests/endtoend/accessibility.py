@@ -4,8 +4,11 @@
 
     with_desktop accessibility.py REELSMITH DESKTOP_ENTRY [unittest options]
 """
-from application import HOME, OUTPUTS, SETTINGS, ApplicationTest, forget_everything, install_store, make_video, run, write_settings
-from desktop import Atspi, act, actions, find, gone, look, shown, until
+import re
+
+from application import (HANDED_OVER, HOME, OUTPUTS, SETTINGS, ApplicationTest, forget_everything,
+                         install_store, make_video, run, write_settings)
+from desktop import Atspi, act, actions, find, gone, look, set_text, shown, until
 from flag_server import FlagServer
 
 # What can be done with each role; with others there is nothing to do.
@@ -33,11 +36,15 @@ class Accessibility(ApplicationTest):
         node = look(name, role)
         return node is not None and node.get_state_set().contains(state)
 
-    def convert(self):
+    def choose(self, video):
         act("Photo library", "push button")
-        self.arrive("holiday.avi", "list item")
-        act("holiday.avi", "list item")
+        self.arrive(video, "list item")
+        act(video, "list item")
         self.arrive("Name and quality", "dialog")
+
+    def convert(self, name):
+        self.choose("holiday.avi")
+        set_text("Name", name)
         for quality, action in (("Medium", "Toggle"), ("High", "Press")):
             act(quality, "radio button", action)
             until(lambda: self.is_set(quality, "radio button", Atspi.StateType.CHECKED), f"{quality} is chosen")
@@ -46,16 +53,19 @@ class Accessibility(ApplicationTest):
         self.arrive("Share", "dialog")
         act("Close", "push button")
         gone("Share", "dialog")
-        return self.check(OUTPUTS / "holiday.mp4")
+        return self.check(OUTPUTS / f"{name}.mp4")
+
+    def position(self):
+        return max(node.get_name() for node in shown("reelsmith-window") if re.match(r"\d\d:\d\d$", node.get_name()))
 
     def play(self):
         act("Play", "push button")
         self.arrive("Position", "slider")
         act("Play", "push button")
         act("Pause", "push button")
-        time = find("00:00", "label")
+        before = self.position()
         act("Position", "slider", "Increase")
-        until(lambda: look("00:00", "label") is None, "the position moves on")
+        until(lambda: self.position() > before, "the position moves on")
         act("Close", "push button")
         gone("Position")
 
@@ -71,7 +81,7 @@ class Accessibility(ApplicationTest):
             self.arrive(title, "heading")
             act(button, "push button")
         self.arrive("Photo library", "push button")
-        result = self.convert()
+        result = self.convert("by name")
         self.open_tab("Converted Videos")
         act(result.name, "list item")
         self.arrive(result.name, "dialog")
@@ -87,6 +97,33 @@ class Accessibility(ApplicationTest):
         self.arrive("Back", "push button")
         act("Back", "push button")
         self.arrive("Settings", "heading")
+
+    def test_other_sources_and_ways_out(self):
+        write_settings(DID_SHOW_ONBOARDING="true")
+        make_video(HOME / "Videos/long.avi", seconds=600)
+        self.start_window()
+        act("Web address", "push button")
+        self.arrive("Web address of a video", "text")
+        act("Files", "push button")  # which lies below and must not answer
+        set_text("Web address of a video", "http://127.0.0.1:1/film.mp4")
+        act("Download", "push button")
+        self.arrive("Conversion Failed", "alert")
+        self.assertIsNone(look("Choosing a file"))
+        act("ok", "push button")
+        gone("Conversion Failed")
+        act("Files", "push button")
+        self.arrive("Choosing a file", "dialog")
+        act("Cancel", "push button", "click", "xdg-desktop-portal-gtk")
+        gone("Choosing a file")
+        self.choose("long.avi")
+        act("Convert", "push button")
+        self.arrive("Converting", "dialog")
+        act("Cancel", "push button")
+        gone("Converting", "dialog")
+        self.arrive("Still converting", "progress bar")
+        self.open_tab("Settings")
+        act("Report a problem", "push button")
+        until(HANDED_OVER.exists, "the mail program is asked")
 
     def test_the_grid_and_its_details_ask_before_they_delete(self):
         write_settings(DID_SHOW_ONBOARDING="true", RELEVANT_ACTION_COUNT_VAR3=1)

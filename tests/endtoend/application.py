@@ -21,6 +21,7 @@ HOME = pathlib.Path.home()
 DATA = pathlib.Path(os.environ["XDG_DATA_HOME"])
 SETTINGS = pathlib.Path(os.environ["XDG_CONFIG_HOME"]) / "reelsmith/reelsmith.conf"
 OUTPUTS = HOME / "Documents/Reelsmith/outputs"
+HANDED_OVER = pathlib.Path(os.environ["HANDED_OVER"])
 PRINTED = HOME / "printed"
 
 

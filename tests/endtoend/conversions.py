@@ -9,13 +9,12 @@ import pathlib
 import subprocess
 import urllib.parse
 
-from application import DATA, ENTRY, HOME, NAME, OUTPUTS, PROGRAM, ApplicationTest, make_video, run, write_settings
+from application import DATA, ENTRY, HANDED_OVER, HOME, NAME, OUTPUTS, PROGRAM, ApplicationTest, make_video, run, write_settings
 from desktop import find, focus, gone, key, press, type_text, until
 import web_server
 from x11 import Display
 
 PORTAL = "xdg-desktop-portal-gtk"
-HANDED_OVER = pathlib.Path(os.environ["HANDED_OVER"])
 
 
 def install_player():

@@ -105,10 +105,15 @@ def actions(node):
     return {Atspi.Action.get_action_name(node, index): index for index in range(Atspi.Action.get_n_actions(node))}
 
 
-def act(name, role, action="Press"):
+def act(name, role, action="Press", program=None):
     """Does with what is shown under that name what it offers, with neither mouse nor keys."""
-    node, _ = settled(name, role)
+    node, _ = settled(name, role, program)
     assert Atspi.Action.do_action(node, actions(node)[action]), f'"{name}" does not {action}'
+
+
+def set_text(name, text):
+    """The same with a text field."""
+    assert Atspi.EditableText.set_text_contents(find(name, "text"), text), f'"{name}" takes no text'
 
 
 def type_text(text):

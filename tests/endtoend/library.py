@@ -4,7 +4,8 @@
 
     with_desktop library.py REELSMITH DESKTOP_ENTRY [unittest options]
 """
-from application import HOME, OUTPUTS, SETTINGS, ApplicationTest, forget_everything, install_store, make_video, run, write_settings
+from application import (HOME, OUTPUTS, SETTINGS, ApplicationTest, forget_everything, install_store,
+                         make_video, run, write_settings)
 from collector import Collector, records
 from desktop import find, gone, key, press, type_text, until
 from flag_server import FlagServer
