@@ -11,12 +11,12 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(REELSMITH_SANITIZE "" CACHE STRING "Sanitizers for our targets, as given to -fsanitize= (empty: none)")
 
 add_library(reelsmith_options INTERFACE)
-target_compile_options(reelsmith_options INTERFACE -Wall -Wextra -Wshadow -Wconversion -Werror)
+target_compile_options(reelsmith_options INTERFACE -Wall -Wextra -Wshadow -Wconversion $<$<CXX_COMPILER_ID:GNU>:-Werror>)
 target_include_directories(reelsmith_options INTERFACE "${PROJECT_SOURCE_DIR}/src")
 target_compile_definitions(reelsmith_options INTERFACE REELSMITH_VERSION="${PROJECT_VERSION}")
 if(REELSMITH_SANITIZE)
     # GCC loses sight of what is initialized among the checks that the sanitizers put in.
-    target_compile_options(reelsmith_options INTERFACE -Wno-maybe-uninitialized
+    target_compile_options(reelsmith_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>
         -fsanitize=${REELSMITH_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
     target_link_options(reelsmith_options INTERFACE -fsanitize=${REELSMITH_SANITIZE})
 endif()
