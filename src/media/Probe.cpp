@@ -167,6 +167,8 @@ void describeDuration(MediaInfo& info, const AVFormatContext* context, int descr
     else if (firstVideo != info.tracks.end() && firstVideo->timeBase.num == 1)
         info.durationTimescale = firstVideo->timeBase.den;
     info.durationUnits = av_rescale(context->duration, info.durationTimescale, AV_TIME_BASE);
+    if (info.durationUnits < 0) // more than its number holds
+        info.durationUnits = info.durationTimescale = 0;
 }
 
 } // namespace

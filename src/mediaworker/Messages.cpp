@@ -12,6 +12,8 @@ namespace {
 
 constexpr std::size_t maximumTextBytes = 4000;
 constexpr std::size_t maximumLanguages = 32;
+// FFmpeg's own durations end a little below.
+constexpr std::int64_t maximumSeconds = 10'000'000'000'000;
 
 /// Appends values in the machine's own byte order: both ends run on one machine.
 class Writer {
@@ -144,7 +146,8 @@ void read(Reader& reader, AssetProperties& properties) {
     reader.take(properties.isPlayable);
     reader.take(properties.isExportable);
     reader.take(properties.duration);
-    reader.check(properties.duration.value >= 0);
+    const Time& duration = properties.duration;
+    reader.check(duration.value >= 0 && duration.value / std::max(duration.timescale, 1) <= maximumSeconds);
     reader.take(hasVideoTrack);
     if (hasVideoTrack) {
         VideoTrackProperties& track = properties.videoTrack.emplace();

@@ -57,6 +57,7 @@ TEST(Messages, ValuesOutOfRangeAreNoMessage) {
         ExportRequest{static_cast<Preset>(reelsmith::media::presetCount), {}},
         properties({-1, 600}),
         properties({1, -600}),
+        properties({std::numeric_limits<std::int64_t>::max(), 1}),
         properties({}, std::numeric_limits<double>::infinity()),
         properties({}, 1, -1),
         ThumbnailReply{-1, 1, ""},
