@@ -12,15 +12,6 @@ namespace reelsmith {
 
 namespace {
 
-// A name may hold anything, a line feed or a terminal's commands too.
-QString printable(QString name) {
-    for (QChar& character : name) {
-        if (!character.isPrint() && !character.isSurrogate())
-            character = QLatin1Char('?');
-    }
-    return name;
-}
-
 std::string textLine(const ConvertedVideo& video) {
     return QStringList{printable(video.name()), video.durationText(),
                        video.resolutionText().value_or(QString())}

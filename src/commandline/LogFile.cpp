@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "commandline/LogFile.h"
 
+#include "commandline/StandardStreams.h"
 #include "platform/foundation/Console.h"
 
 #include <QCoreApplication>
@@ -61,7 +62,7 @@ void LogFile::open() {
 }
 
 void LogFile::write(const QString& line) {
-    const QByteArray text = line.toUtf8() + '\n';
+    const QByteArray text = printable(line).toUtf8() + '\n';
     if (m_copy == Copy::StandardError)
         std::fwrite(text.constData(), 1, static_cast<std::size_t>(text.size()), stderr);
     const QByteArray entry = QDateTime::currentDateTime().toString(Qt::ISODateWithMs).toUtf8() + " [" +

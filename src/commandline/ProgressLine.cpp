@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "commandline/ProgressLine.h"
 
+#include "commandline/StandardStreams.h"
 #include "platform/foundation/ClockText.h"
 
 #include <QLocale>
@@ -22,7 +23,7 @@ void print(const QByteArray& text) {
 } // namespace
 
 void ProgressLine::begin(const QString& name) {
-    m_name = name;
+    m_name = printable(name);
     m_begin = std::chrono::steady_clock::now();
 }
 

@@ -12,8 +12,16 @@ void printLine(const std::string& line) {
 }
 
 void printErrorLine(const QString& line) {
-    const std::string text = line.toStdString() + '\n';
+    const std::string text = printable(line).toStdString() + '\n';
     std::fwrite(text.data(), 1, text.size(), stderr);
+}
+
+QString printable(QString text) {
+    for (QChar& character : text) {
+        if (!character.isPrint() && !character.isSurrogate())
+            character = QLatin1Char('?');
+    }
+    return text;
 }
 
 } // namespace reelsmith

@@ -4,6 +4,7 @@
 #include "commandline/Arguments.h"
 #include "commandline/LogFile.h"
 #include "commandline/ProgressLine.h"
+#include "commandline/StandardStreams.h"
 #include "platform/foundation/Console.h"
 #include "platform/foundation/URLs.h"
 
@@ -63,4 +64,22 @@ TEST_F(CommandLine, TheLogTakesTheConsoleAndStartsAnewWhenLong) {
     EXPECT_TRUE(contents(log).endsWith("last\n"));
     EXPECT_FALSE(contents(log).contains("second"));
     EXPECT_TRUE(contents(QUrl(log.toString() + u".1"_s)).contains("first\n"));
+}
+
+TEST_F(CommandLine, WhatFilesAndWorkersSayReachesTerminalAndLogAsOnePrintableLine) {
+    qputenv("XDG_STATE_HOME", m_folder.path().toUtf8());
+    const QString hostile = u"\x1b]0;title\a1\r\n2 \u202e\u009bJ é😀"_s;
+    testing::internal::CaptureStderr();
+    {
+        const LogFile file(LogFile::Copy::StandardError);
+        console(hostile);
+    }
+    printErrorLine(hostile);
+    ProgressLine line;
+    line.begin(hostile);
+    line.show(0);
+    const std::string plain = "?]0;title?1??2 ??J é😀";
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), plain + "\n" + plain + "\n\r\x1b[K  0 %  " + plain);
+    const QUrl log = fileUrl(m_folder.filePath(u"reelsmith/reelsmith.log"_s).toStdString());
+    EXPECT_TRUE(contents(log).endsWith(QByteArray::fromStdString(plain + "\n")));
 }
