@@ -60,8 +60,9 @@ struct AnswerCase {
 
 TEST_F(UploaderTest, TheAnswerDecidesWhatStaysAndForHowLong) {
     QList<AnswerCase> cases{
-        {ServiceAnswer{200, {}, R"({"partialSuccess": {"rejectedLogRecords": "3"}})"}, 0, 3599s,
-         u"rejection"_s},
+        // More than were sent cannot have been rejected.
+        {ServiceAnswer{200, {}, R"({"partialSuccess": {"rejectedLogRecords": "9223372036854775807"}})"}, 0,
+         3599s, u"rejection"_s},
         {ServiceAnswer{200, {}, R"({"partialSuccess": {"rejectedLogRecords": 3}})"}, 0, 3599s,
          u"rejection"_s},
         {ServiceAnswer{429, {{"retry-after", "600"}}}, 3, 599s},

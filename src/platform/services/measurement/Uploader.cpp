@@ -6,6 +6,7 @@
 
 #include <QRandomGenerator>
 #include <QtGlobal>
+#include <algorithm>
 #include <utility>
 
 namespace reelsmith {
@@ -140,7 +141,7 @@ void Uploader::putOff(std::optional<std::chrono::milliseconds> retryAfter) {
 bool Uploader::settle(const OtlpAnswer& answer) {
     const bool isRefused = answer.verdict == OtlpAnswer::Verdict::Refused;
     m_tally.add(Loss::Refusal, {}, isRefused ? m_bundle.size() : 0);
-    m_tally.add(Loss::Rejection, {}, answer.rejectedRecords);
+    m_tally.add(Loss::Rejection, {}, std::min<qint64>(answer.rejectedRecords, m_bundle.size()));
     return m_database.remove(m_bundle, UploadSchedule::afterSuccess(now())) && !isRefused && m_isFull;
 }
 
