@@ -12,6 +12,7 @@ import pathlib
 import pty
 import queue
 import re
+import resource
 import select
 import shutil
 import signal
@@ -19,12 +20,16 @@ import socket
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 import urllib.parse
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "../fakes"))
 import collector  # noqa: E402
 import web_server  # noqa: E402
+
+PAUSE_SECONDS = 3
+SMALL_MEMORY_BYTES = 400 << 20
 
 PROGRAM = None
 SOURCES = None  # made once, never written to
@@ -52,10 +57,11 @@ class CommandLine(unittest.TestCase):
         self.outputs = self.home / "Documents/Reelsmith/outputs"
         self.environment = {k: v for k, v in os.environ.items() if not k.startswith(("XDG_", "LC_", "LANG"))}
         self.environment.update(HOME=str(self.home), LC_ALL="en_US.UTF-8")
+        self.confine = None  # called in each process before it is the program
 
     def start(self, *words):
         return subprocess.Popen([PROGRAM, *map(os.fspath, words)], env=self.environment, text=True,
-                                umask=0o027, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+                                umask=0o027, preexec_fn=self.confine, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
 
     def run_to_end(self, *words):
         """(exit status, standard output, standard error), both as lines."""
@@ -298,6 +304,35 @@ class CommandLine(unittest.TestCase):
         self.assertEqual(process.returncode, 0)
         self.assert_converted(self.outputs / "long.mp4", seconds=20)
         self.assertEqual(self.left(), ["long.mp4"])
+
+    def test_after_a_pause_of_everything_a_conversion_goes_on(self):
+        process = self.start_and_wait_for_progress(SOURCES / "long.mkv")
+        both = (process.pid, self.worker_of(process))
+        for number in both:
+            os.kill(number, signal.SIGSTOP)
+        time.sleep(PAUSE_SECONDS)
+        for number in both:
+            os.kill(number, signal.SIGCONT)
+        events = [json.loads(line) for line in process.communicate(timeout=120)[0].splitlines()]
+        fractions = [event["fraction"] for event in events if event["event"] == "progress"]
+        self.assertEqual((process.returncode, events[-1]["event"]), (0, "done"))
+        self.assertEqual(fractions, sorted(fractions))
+        self.assertGreater(len(set(fractions)), 1)
+        self.assert_converted(self.outputs / "long.mp4", seconds=20)
+
+    def test_a_picture_that_does_not_fit_into_memory_fails_the_export_and_leaves_nothing(self):
+        if b"__asan_init" in pathlib.Path(PROGRAM).read_bytes():
+            self.skipTest("a sanitizer maps more than any limit")
+        ffmpeg("-f", "lavfi", "-i", "color=s=3840x2160:r=25:d=0.2", self.home / "large.mp4")
+        one_core = {min(os.sched_getaffinity(0))}
+
+        def confine():
+            os.sched_setaffinity(0, one_core)
+            resource.setrlimit(resource.RLIMIT_AS, (SMALL_MEMORY_BYTES, SMALL_MEMORY_BYTES))
+
+        self.confine = confine
+        self.assert_invalid("-q", "high", self.home / "large.mp4")
+        self.assertEqual(self.run_to_end("convert", SOURCES / "clip.mov")[0], 0)
 
     @unittest.skipUnless(os.geteuid() == 0, "a small file system to fill needs root")
     def test_a_full_disk_fails_the_export_and_leaves_nothing(self):

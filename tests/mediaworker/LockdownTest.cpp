@@ -12,6 +12,7 @@
 #include <fcntl.h>
 #include <functional>
 #include <gtest/gtest.h>
+#include <sched.h>
 #include <string>
 #include <sys/mman.h>
 #include <sys/prctl.h>
@@ -171,7 +172,12 @@ TEST(Lockdown, ThreadsMemoryAndAbortStayAndTheWorkerStepsBack) {
         return 0;
     };
     EXPECT_EQ(inLockedChild(abort), -SIGABRT);
-    EXPECT_EQ(inLockedChild([] { return ::getpriority(PRIO_PROCESS, 0) >= 10 ? 0 : 1; }), 0);
+    const auto stepsBack = [] {
+        const bool isAtDisk = ::syscall(SYS_ioprio_get, 1, 0) == (2 << 13 | 7);
+        const bool isAtCpu = ::getpriority(PRIO_PROCESS, 0) >= 10 && ::sched_getscheduler(0) == SCHED_BATCH;
+        return isAtDisk && isAtCpu ? 0 : 1;
+    };
+    EXPECT_EQ(inLockedChild(stepsBack), 0);
     const auto allowsCore = [] {
         rlimit limit{};
         return ::getrlimit(RLIMIT_CORE, &limit) == 0 && limit.rlim_max == 0 ? 0 : 1;
