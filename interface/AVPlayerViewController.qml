@@ -75,10 +75,13 @@ Screen {
                 }
             }
 
-            Scrim {}
+            Scrim {
+                reach: close.y + close.height
+            }
             Scrim {
                 anchors.bottom: parent.bottom
                 isBelow: true
+                reach: bottom.height + bottom.anchors.bottomMargin
                 visible: screen.controller.canPlay
             }
             IconButton {
@@ -123,6 +126,8 @@ Screen {
                 onClicked: screen.controller.playPauseTapped()
             }
             Column {
+                id: bottom
+
                 anchors.bottom: parent.bottom
                 anchors.bottomMargin: stage.isLow ? Theme.playerBottomLow : Theme.playerBottom
                 width: parent.width

@@ -71,7 +71,7 @@ QtObject {
     readonly property color pictureButtonInk: "#1C1B18"
     readonly property color pageMarkRest: Qt.rgba(1, 1, 1, hasHighContrast ? 0.8 : 0.5)
     readonly property color playerButton: Qt.rgba(0, 0, 0, 0.62)
-    readonly property color playerScrim: Qt.rgba(0, 0, 0, hasHighContrast ? 0.85 : 0.6)
+    readonly property color playerScrim: Qt.rgba(0, 0, 0, hasHighContrast ? 0.85 : 0.68)
     readonly property color playerTrack: Qt.rgba(1, 1, 1, hasHighContrast ? 0.6 : 0.3)
     readonly property color playerNote: hasHighContrast ? pictureInk : Qt.rgba(1, 1, 1, 0.7)
     readonly property color scrimMiddle: Qt.rgba(0, 0, 0, hasHighContrast ? 0.85 : 0.66)
@@ -201,7 +201,7 @@ QtObject {
     readonly property int playButton: 64
     readonly property int playerButtonSize: 72
     readonly property int playerMark: 36
-    readonly property int playerScrimHeight: 96
+    readonly property int playerScrimEdge: 40
     readonly property int playerMargin: 10
     readonly property int playerBottom: 30
     readonly property int playerBottomLow: 8

@@ -110,6 +110,8 @@ double neededContrast(const QQuickItem& item, bool isHigh) {
 
 std::vector<std::string> faintMarks(QQuickWindow& window, QQuickItem& screen, bool isHigh) {
     std::vector<std::string> faint;
+    // What is new has its place only once it is drawn.
+    window.grabWindow();
     const std::vector<Mark> all = marks(screen);
     const QImage below = ground(window, all);
     for (const Mark& mark : all) {

@@ -11,17 +11,36 @@
 #include <QQmlContext>
 #include <QQmlEngine>
 #include <QSignalSpy>
+#include <QVideoFrame>
+#include <QVideoSink>
+#include <algorithm>
 #include <functional>
 #include <gtest/gtest.h>
 
 namespace reelsmith {
 namespace {
 
+/// Plays the brightest video.
+class WhitePlayback : public ScriptedPlayback {
+public:
+    WhitePlayback() {
+        QVideoFrame frame(QVideoFrameFormat({39, 84}, QVideoFrameFormat::Format_BGRX8888));
+        frame.map(QVideoFrame::WriteOnly);
+        std::fill_n(frame.bits(0), frame.mappedBytes(0), uchar{0xff});
+        frame.unmap();
+        m_sink.setVideoFrame(frame);
+    }
+    QObject* output() override { return &m_sink; }
+
+private:
+    QVideoSink m_sink;
+};
+
 /// The application with videos of long names, at one of its screens.
 class ApplicationAt : public TestApplication {
 public:
     explicit ApplicationAt(void (*show)(WindowApplication&)) {
-        AVPlayer::setPlaybackFactory([] { return std::make_unique<ScriptedPlayback>(); });
+        AVPlayer::setPlaybackFactory([] { return std::make_unique<WhitePlayback>(); });
         for (const char* video : {".mp4", " again.mp4"}) {
             homeFile("Videos/" + longName + video, "thumbnail picture 64 36\n");
             homeFile("Documents/Reelsmith/outputs/" + longName + video);
@@ -154,7 +173,13 @@ TEST(EveryControl, IsPressedByReturnAndByAssistiveTools) {
 }
 
 TEST(EveryScreen, IsReadableInAllColours) {
-    onEveryScreen([](TestApplication& application) {
+    const auto isVideo = [](const QQuickItem* item) { return item->inherits("reelsmith::PlayerLayerItem"); };
+    onEveryScreen([&isVideo](TestApplication& application) {
+        const bool hasVideo = std::ranges::any_of(visibleItems(application.frontItem()), isVideo);
+        const auto isShown = [&] {
+            return application.window().grabWindow().pixelColor(20, 300) == Qt::white;
+        };
+        ASSERT_TRUE(!hasVideo || runLoopUntil(isShown));
         for (const auto& [isDark, isHigh] :
              {std::pair(false, false), {true, false}, {false, true}, {true, true}}) {
             application.appearance().setDark(isDark);
