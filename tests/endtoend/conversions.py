@@ -7,6 +7,7 @@
 import os
 import pathlib
 import subprocess
+import unittest
 import urllib.parse
 
 from application import DATA, ENTRY, HANDED_OVER, HOME, NAME, OUTPUTS, PROGRAM, ApplicationTest, make_video, run, write_settings
@@ -24,6 +25,14 @@ def install_player():
     (applications / "player.desktop").write_text(taker.replace("Name=Taker", "Name=Player"))
     with open(pathlib.Path(os.environ["XDG_CONFIG_HOME"]) / "mimeapps.list", "a") as associations:
         associations.write("[Added Associations]\nvideo/mp4=player.desktop;\n")
+
+
+def blocked():
+    """What the login manager is kept from; None where there is none, which takes root."""
+    asked = subprocess.run(["gdbus", "call", "--system", "-d", "org.freedesktop.login1", "-o", "/org/freedesktop/login1", "-m",
+                            "org.freedesktop.DBus.Properties.Get", "org.freedesktop.login1.Manager", "BlockInhibited"],
+                           capture_output=True, text=True)
+    return asked.stdout.strip("(<'>,)\n") if asked.returncode == 0 else None
 
 
 class Conversions(ApplicationTest):
@@ -123,6 +132,19 @@ class Conversions(ApplicationTest):
         press("stop", "push button")
         self.assertEqual(process.wait(), 0)
         self.assertEqual(sorted(OUTPUTS.iterdir()), before)
+
+    @unittest.skipIf(blocked() is None, "no login manager")
+    def test_the_device_stays_awake_from_the_start_of_a_conversion_until_after_its_end(self):
+        self.start(make_video(HOME / "Elsewhere/tired.mov", seconds=60))
+        press("Name", "text")
+        self.assertEqual(blocked(), "")
+        key("Return")
+        find("Converting", "dialog")
+        until(lambda: blocked() == "sleep", "the device is kept awake")
+        find("Share", "dialog")
+        self.assertEqual(blocked(), "sleep")
+        self.tearDown()
+        until(lambda: blocked() == "", "the device may sleep")
 
     def test_without_a_display_it_says_what_to_do(self):
         environment = {key: value for key, value in os.environ.items() if "DISPLAY" not in key}
