@@ -69,6 +69,12 @@ std::pair<Channel, Channel> Channel::makePair() {
     return {Channel(Descriptor(ends[0])), Channel(Descriptor(ends[1]))};
 }
 
+void Channel::limitSending(Timeout timeout) {
+    const timeval limit{timeout.count() / 1000, timeout.count() % 1000 * 1000};
+    if (::setsockopt(m_socket.number(), SOL_SOCKET, SO_SNDTIMEO, &limit, sizeof limit) != 0)
+        throw std::system_error(errno, std::generic_category(), "setsockopt");
+}
+
 bool Channel::send(const Message& message, const std::vector<int>& descriptors) {
     std::vector<std::byte> bytes = encode(message);
     iovec part{bytes.data(), bytes.size()};

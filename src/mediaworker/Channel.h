@@ -46,6 +46,9 @@ public:
     /// Two connected ends, both close-on-exec.
     static std::pair<Channel, Channel> makePair();
 
+    /// From now on send() fails where the other side has not made room for a message by then.
+    void limitSending(Timeout timeout);
+
     /// False when the other side is gone (no signal is raised). The descriptors stay the caller's.
     bool send(const Message& message, const std::vector<int>& descriptors = {});
 

@@ -5,11 +5,13 @@
 #include "mediaworker/SystemCallFilter.h"
 
 #include <algorithm>
+#include <csignal>
 #include <cstdio>
 #include <malloc.h>
 #include <sched.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
+#include <sys/statvfs.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -19,6 +21,8 @@ namespace {
 
 constexpr rlim_t descriptorLimit = 64;
 constexpr int niceness = 10;
+// This part of what is free on a disk stays free.
+constexpr rlim_t reservedPart = 32;
 // The kernel's own header for these, <linux/ioprio.h>, is not C++ in every release.
 constexpr int ioprioWhoProcess = 1;
 constexpr int lowestBestEffortPriority = 2 << 13 | 7;
@@ -67,10 +71,22 @@ void stepBack() {
 
 } // namespace
 
+void leaveSpaceBeside(int output) {
+    // Too large a file is then an error of writing, not the end of the process.
+    std::signal(SIGXFSZ, SIG_IGN);
+    struct statvfs disk {};
+    if (::fstatvfs(output, &disk) != 0 || disk.f_blocks == 0)
+        return; // there are file systems that cannot tell
+    const rlim_t freeBytes = rlim_t{disk.f_bavail} * disk.f_frsize;
+    lowerLimit(RLIMIT_FSIZE, freeBytes - freeBytes / reservedPart);
+}
+
 Lockdown lockDown(const Limits& limits) {
     Lockdown result;
     const std::string limitsText = limitResources(limits);
     stepBack();
+    // Whatever becomes of it later: it ends with the thread of the application that has started it.
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
     if (::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0) {
         result.text = "not locked down: new privileges cannot be given up";
         return result;

@@ -23,7 +23,12 @@ struct Lockdown {
 
 /// Gives up, for the rest of this process's life, all that decoding a video does not need: paths, sockets,
 /// other programs and processes, and its place in front of what the user is doing. What stays are the
-/// descriptors it has and those it is sent. Call first in main(): threads that run already keep their rights.
+/// descriptors it has and those it is sent. The process ends with its parent. Call first in main(): threads
+/// that run already keep their rights.
 Lockdown lockDown(const Limits& limits);
+
+/// Lets no file grow, for the rest of this process's life, beyond most of what is free where `output` lies:
+/// the last of a disk is for others. Call before a byte of a source is read.
+void leaveSpaceBeside(int output);
 
 } // namespace reelsmith::mediaworker

@@ -6,6 +6,7 @@
 #include "media/FrameGrabber.h"
 #include "media/Probe.h"
 #include "media/Source.h"
+#include "mediaworker/Lockdown.h"
 
 #include <cerrno>
 #include <cmath>
@@ -96,6 +97,7 @@ ThumbnailReply Service::makeThumbnail(const ThumbnailRequest& request, int sourc
 }
 
 ExportFinished Service::exportFile(const ExportRequest& request, int source, int output) {
+    leaveSpaceBeside(output);
     const media::ExportJob job{source, output, request.preset, request.languages};
     const auto done =
         media::exportVideo(job, [this](double fraction) { m_channel.send(ExportProgress{fraction}); });

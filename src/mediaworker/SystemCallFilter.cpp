@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mediaworker/SystemCallFilter.h"
 
-#include <asm/ioctls.h>
 #include <cerrno>
 #include <cstring>
+#include <fcntl.h>
 #include <initializer_list>
 #include <linux/sched.h>
 #include <memory>
 #include <seccomp.h>
+#include <sys/prctl.h>
 #include <unistd.h>
 
 namespace reelsmith::mediaworker {
@@ -34,6 +35,29 @@ constexpr std::initializer_list<int> pathCalls = {
     SCMP_SYS(lsetxattr), SCMP_SYS(removexattr), SCMP_SYS(lremovexattr),
     fchmodat2Call,       setxattratCall,        removexattratCall,
     SCMP_SYS(chdir),     SCMP_SYS(chroot),      SCMP_SYS(open_by_handle_at),
+    SCMP_SYS(stat),      SCMP_SYS(lstat),       SCMP_SYS(name_to_handle_at),
+    SCMP_SYS(access),    SCMP_SYS(faccessat),   SCMP_SYS(faccessat2),
+    SCMP_SYS(readlink),  SCMP_SYS(readlinkat),  SCMP_SYS(statfs),
+    SCMP_SYS(getxattr),  SCMP_SYS(lgetxattr),   SCMP_SYS(listxattr),
+};
+
+/// What changes more of an open file than its bytes, or makes one that no limit on memory counts. No ioctl()
+/// is needed, and some act on files open for reading alone.
+constexpr std::initializer_list<int> fileCalls = {
+    SCMP_SYS(fchmod), SCMP_SYS(fchown), SCMP_SYS(fsetxattr),    SCMP_SYS(fremovexattr),
+    SCMP_SYS(flock),  SCMP_SYS(ioctl),  SCMP_SYS(memfd_create), SCMP_SYS(memfd_secret),
+};
+
+/// Uses of fcntl() that other processes feel: locks, leases, and signals to whomever it names.
+constexpr std::initializer_list<int> sharedControls = {
+    F_SETLK, F_SETLKW, F_OFD_SETLK, F_OFD_SETLKW, F_SETOWN, F_SETSIG, F_NOTIFY, F_SETOWN_EX, F_SETLEASE,
+};
+
+/// Memory and messages that all processes of the user share.
+constexpr std::initializer_list<int> sharingCalls = {
+    SCMP_SYS(shmget), SCMP_SYS(shmat),   SCMP_SYS(shmctl),    SCMP_SYS(msgget), SCMP_SYS(msgsnd),
+    SCMP_SYS(msgrcv), SCMP_SYS(msgctl),  SCMP_SYS(semget),    SCMP_SYS(semop),  SCMP_SYS(semtimedop),
+    SCMP_SYS(semctl), SCMP_SYS(mq_open), SCMP_SYS(mq_unlink),
 };
 
 constexpr std::initializer_list<int> socketCalls = {
@@ -58,6 +82,13 @@ constexpr std::initializer_list<int> processCalls = {
     SCMP_SYS(tkill),
     SCMP_SYS(migrate_pages),
     SCMP_SYS(move_pages),
+    SCMP_SYS(get_robust_list),
+    SCMP_SYS(setpriority),
+    SCMP_SYS(ioprio_set),
+    SCMP_SYS(sched_setscheduler),
+    SCMP_SYS(sched_setparam),
+    SCMP_SYS(sched_setattr),
+    SCMP_SYS(sched_setaffinity),
 };
 
 constexpr std::initializer_list<int> kernelCalls = {
@@ -98,6 +129,7 @@ constexpr std::initializer_list<int> kernelCalls = {
     SCMP_SYS(acct),
     SCMP_SYS(quotactl),
     SCMP_SYS(quotactl_fd),
+    SCMP_SYS(syslog),
 };
 
 /// Calls that take a process: refused unless that is this one, which abort() needs.
@@ -107,9 +139,6 @@ constexpr std::initializer_list<int> signalCalls = {
     SCMP_SYS(rt_sigqueueinfo),
     SCMP_SYS(rt_tgsigqueueinfo),
 };
-
-/// Terminal ioctls that type on the user's behalf, should a descriptor of a terminal have been inherited.
-constexpr std::initializer_list<int> typingControls = {TIOCSTI, TIOCLINUX};
 
 /// Collects rules; after the first failure it adds no more and keeps its code.
 class FilterBuilder {
@@ -126,6 +155,10 @@ public:
         for (const int call : calls)
             answer(EPERM, call);
     }
+    /// Refuses a call whose second argument, an int, is `command`.
+    void refuseCommand(int call, int command) {
+        answer(EPERM, call, SCMP_A1_64(SCMP_CMP_MASKED_EQ, 0xffffffffU, static_cast<scmp_datum_t>(command)));
+    }
     int load() { return m_result == 0 ? seccomp_load(m_filter.get()) : m_result; }
 
 private:
@@ -141,6 +174,8 @@ private:
 std::string refuseSystemCalls() {
     FilterBuilder filter;
     filter.refuse(pathCalls);
+    filter.refuse(fileCalls);
+    filter.refuse(sharingCalls);
     filter.refuse(socketCalls);
     filter.refuse(processCalls);
     filter.refuse(kernelCalls);
@@ -149,9 +184,10 @@ std::string refuseSystemCalls() {
     for (const int call : signalCalls)
         filter.answer(EPERM, call, SCMP_A0_64(SCMP_CMP_NE, self));
     filter.answer(EPERM, SCMP_SYS(prlimit64), SCMP_A0_64(SCMP_CMP_NE, 0));
-    for (const int control : typingControls)
-        filter.answer(EPERM, SCMP_SYS(ioctl),
-                      SCMP_A1_64(SCMP_CMP_MASKED_EQ, 0xffffffffU, static_cast<scmp_datum_t>(control)));
+    for (const int command : sharedControls)
+        filter.refuseCommand(SCMP_SYS(fcntl), command);
+    // It has been told to end with the application.
+    filter.answer(EPERM, SCMP_SYS(prctl), SCMP_A0_64(SCMP_CMP_EQ, PR_SET_PDEATHSIG));
 
     // A thread is what clone() makes with CLONE_THREAD; clone3() hides its flags behind a pointer, and the C
     // library falls back to clone() where the kernel does not know it.

@@ -97,6 +97,13 @@ TEST_F(ExportSession, CancellingEndsItUntilTheResultStandsInPlaceOfTheOldFile) {
     EXPECT_FALSE(exporting->error());
     EXPECT_EQ(outputs(), QStringList());
 
+    const auto flooding = session("export flood\n", output);
+    flooding->exportAsynchronously([] {});
+    ASSERT_TRUE(runLoopUntil([&flooding] { return flooding->progress() > 0; }));
+    flooding->cancelExport();
+    flooding->waitUntilEnded();
+    EXPECT_EQ(flooding->status(), Status::Cancelled);
+
     write(output, "old");
     const auto completed = session(goodExport, output);
     ASSERT_EQ(exported(*completed), Status::Completed);
@@ -106,4 +113,12 @@ TEST_F(ExportSession, CancellingEndsItUntilTheResultStandsInPlaceOfTheOldFile) {
     EXPECT_FALSE(completed->error());
     EXPECT_EQ(contents(output), "result");
     EXPECT_EQ(outputs(), QStringList{u"a.mp4"_s});
+}
+
+TEST_F(ExportSession, NobodyWritesIntoAResultThatHasItsName) {
+    const QUrl output = inOutputs(u"a.mp4"_s);
+    ASSERT_EQ(exported(*session("export linger\n", output)), Status::Completed);
+    const auto size = contents(output).size();
+    for (int i = 0; i < 1000; ++i)
+        ASSERT_EQ(contents(output).size(), size);
 }

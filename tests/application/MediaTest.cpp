@@ -3,10 +3,13 @@
 
 #include "platform/avfoundation/AVAssetImageGenerator.h"
 #include "platform/avfoundation/ExportPresets.h"
+#include "platform/avfoundation/MediaService.h"
+#include "platform/avfoundation/SourceFile.h"
 #include "platform/avfoundation/UserLanguages.h"
 #include "platform/avfoundation/WorkerProcess.h"
 #include "platform/foundation/URLs.h"
 
+#include <csignal>
 #include <fcntl.h>
 #include <future>
 #include <unistd.h>
@@ -76,6 +79,26 @@ TEST_F(Media, AWorkerInheritsItsChannelAndNothingElse) {
     const auto image = thumbnailer(file(u"a"_s, "thumbnail descriptors\n")).copyCGImage({});
     ASSERT_FALSE(image);
     EXPECT_EQ(image.error().localizedDescription, u"0 1 2 3 4 5 "_s);
+
+    qputenv("OFREP_HEADERS", "secret");
+    const auto other = thumbnailer(file(u"b"_s, "thumbnail environment OFREP_HEADERS\n")).copyCGImage({});
+    EXPECT_EQ(other.error().localizedDescription, u"not there"_s);
+}
+
+TEST_F(Media, AWorkerWithoutWorkIsEnded) {
+    MediaService service(1, std::chrono::milliseconds::zero());
+    const auto request = std::make_shared<MediaRequest>(mediaworker::ThumbnailRequest{{}, 10, 10},
+                                                        *openSourceFile(file(u"a"_s, "thumbnail process\n")));
+    service.ask(request);
+    const auto worker = std::stoi(std::get<mediaworker::ThumbnailReply>(*request->answer()).problem);
+    EXPECT_TRUE(runLoopUntil([worker] { return ::kill(worker, 0) != 0; }));
+}
+
+TEST_F(Media, AWorkerThatAnswersUnaskedAndNeverListensHoldsUpNobody) {
+    EXPECT_TRUE(AVAsset(file(u"flood"_s, "probe flood\n")).isPlayable());
+    const QUrl url = file(u"a"_s);
+    for (int i = 0; i < 1000; ++i)
+        ASSERT_TRUE(AVAsset(url).isPlayable()) << i;
 }
 
 TEST(WorkerProcess, AProgramThatIsNotThereIsAnOrdinaryFailure) {

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <csignal>
+#include <cstdlib>
 #include <fcntl.h>
 #include <poll.h>
 #include <sstream>
@@ -84,16 +85,38 @@ private:
             words >> m_thumbnail.width >> m_thumbnail.height;
         else if (command == "descriptors")
             m_thumbnail.problem = openDescriptors();
+        else if (command == "environment")
+            m_thumbnail.problem = std::getenv(rest.c_str()) ? std::getenv(rest.c_str()) : "not there";
+        else if (command == "process")
+            m_thumbnail.problem = std::to_string(::getpid());
         else if (command == "write")
             writeAll(m_letter.descriptors.at(1).number(), rest);
         else if (command == "await")
             await(rest);
         else if (command == "progress")
             m_channel.send(ExportProgress{std::stod(rest)});
+        else if (command == "flood")
+            flood();
+        else if (command == "linger")
+            linger();
         else
             ::abort();
         if (command == "picture")
             drawPicture();
+    }
+
+    /// Answers whoever asks next, too, and never listens.
+    void flood() {
+        const bool isProbe = std::holds_alternative<ProbeRequest>(m_letter.message);
+        while (m_channel.send(isProbe ? Message(m_properties) : Message(ExportProgress{0.5})))
+            continue;
+    }
+
+    /// Goes on writing when all is said.
+    void linger() {
+        m_channel.send(m_finished);
+        for (;;)
+            writeAll(m_letter.descriptors.at(1).number(), "more");
     }
 
     void drawPicture() {

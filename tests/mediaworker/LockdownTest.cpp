@@ -12,14 +12,18 @@
 #include <fcntl.h>
 #include <functional>
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <sched.h>
 #include <string>
+#include <sys/file.h>
 #include <sys/mman.h>
 #include <sys/prctl.h>
 #include <sys/ptrace.h>
 #include <sys/resource.h>
+#include <sys/shm.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <thread>
@@ -112,9 +116,38 @@ const std::vector<Attempt> otherAttempts = {
     {"enter a namespace of its own", [] { return ::unshare(CLONE_NEWUSER); }},
     {"submit calls past the filter", [] { return ::syscall(SYS_io_uring_setup, 1, nullptr); }},
     {"type on its terminal", [] { return ::syscall(SYS_ioctl, 0, 0x5412, "x"); }},
+    {"ask what may be opened", [] { return ::access("/etc/passwd", R_OK); }},
+    {"follow a link", [] { return ::syscall(SYS_readlink, inheritedName.c_str(), nullptr, 0); }},
+    {"change the mode of an open file", [] { return ::fchmod(inherited.number(), 0666); }},
+    {"change the flags of an open file",
+     [] { return ::syscall(SYS_ioctl, inherited.number(), 0x40086602, ""); }},
+    {"lock an open file", [] { return ::syscall(SYS_flock, inherited.number(), LOCK_SH); }},
+    {"lock a part of it", [] { return ::fcntl(inherited.number(), F_OFD_SETLK, nullptr); }},
+    {"lease it", [] { return ::fcntl(inherited.number(), F_SETLEASE, F_RDLCK); }},
+    {"have another signalled", [] { return ::fcntl(inherited.number(), F_SETOWN, ::getppid()); }},
+    {"with a signal that kills", [] { return ::fcntl(inherited.number(), F_SETSIG, SIGKILL); }},
+    {"take memory that no limit counts", [] { return ::memfd_create("more", 0); }},
+    {"share memory", [] { return ::shmget(IPC_PRIVATE, 4096, 0600); }},
+    {"step forward again", [] { return ::setpriority(PRIO_PROCESS, 0, 10); }},
+    {"hold another back", [] { return ::setpriority(PRIO_PROCESS, static_cast<id_t>(::getppid()), 19); }},
+    {"outlive its parent", [] { return ::prctl(PR_SET_PDEATHSIG, 0); }},
     // Unknown to the kernel, as far as it sees: the C library then uses the older call.
     {"start a thread the new way", [] { return ::syscall(SYS_clone3, nullptr, 0); }, ENOSYS},
 };
+
+/// Starts a locked down process that would stay for ever. 0 once it is locked down.
+int startWorkerThatStays() {
+    std::array<int, 2> ready{};
+    if (::pipe2(ready.data(), O_CLOEXEC) != 0)
+        return 1;
+    if (::fork() == 0) {
+        lockDown({2 * gibibyte});
+        while (::write(ready[1], "", 1) == 1)
+            ::pause();
+    }
+    char byte = 0;
+    return ::read(ready[0], &byte, 1) == 1 ? 0 : 1;
+}
 
 } // namespace
 
@@ -183,6 +216,38 @@ TEST(Lockdown, ThreadsMemoryAndAbortStayAndTheWorkerStepsBack) {
         return ::getrlimit(RLIMIT_CORE, &limit) == 0 && limit.rlim_max == 0 ? 0 : 1;
     };
     EXPECT_EQ(inLockedChild(allowsCore), 0);
+}
+
+TEST(Lockdown, AWorkerEndsWithItsParentWhateverItWants) {
+    std::array<int, 2> held{};
+    ASSERT_EQ(::pipe2(held.data(), O_CLOEXEC), 0);
+    EXPECT_EQ(inChild(startWorkerThatStays), 0);
+    ::close(held[1]);
+    pollfd closed{held[0], POLLIN, 0};
+    EXPECT_EQ(::poll(&closed, 1, 10'000), 1) << "the worker still holds its end of the pipe";
+    ::close(held[0]);
+}
+
+TEST(Lockdown, AnOtherCallingConventionEndsTheProcess) {
+#ifdef __x86_64__
+    constexpr long x32 = 0x40000000;
+    EXPECT_EQ(inLockedChild([] { return errorOf(::syscall(x32 | SYS_getppid)); }), -SIGSYS);
+#else
+    GTEST_SKIP() << "This machine has one only";
+#endif
+}
+
+TEST(Lockdown, TheLastOfADiskIsForOthers) {
+    const Descriptor output = fileWith("");
+    struct statvfs disk {};
+    ASSERT_EQ(::fstatvfs(output.number(), &disk), 0);
+    const auto freeBytes = static_cast<off_t>(disk.f_bavail * disk.f_frsize);
+    const auto grow = [&output](off_t bytes) {
+        leaveSpaceBeside(output.number());
+        return errorOf(::ftruncate(output.number(), bytes));
+    };
+    EXPECT_EQ(inChild([&] { return grow(freeBytes / 2); }), 0);
+    EXPECT_EQ(inChild([&] { return grow(freeBytes); }), EFBIG);
 }
 
 TEST(Lockdown, AddressSpaceIsLimited) {

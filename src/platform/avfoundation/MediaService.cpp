@@ -43,7 +43,7 @@ MediaService& MediaService::pictures() {
     return service;
 }
 
-MediaService::MediaService(int workerCount) {
+MediaService::MediaService(int workerCount, std::chrono::milliseconds idleLimit) : m_idleLimit(idleLimit) {
     for (int count = 0; count < workerCount; ++count) {
         Lane& lane = *m_lanes.emplace_back(std::make_unique<Lane>());
         lane.thread = std::thread([this, &lane] { serve(lane); });
@@ -98,8 +98,15 @@ void MediaService::serve(Lane& lane) {
 }
 
 std::shared_ptr<MediaRequest> MediaService::takeNext(Lane& lane) {
+    const auto hasNews = [this] { return m_isStopped || !m_waiting.empty(); };
     std::unique_lock lock(m_mutex);
-    m_change.wait(lock, [this] { return m_isStopped || !m_waiting.empty(); });
+    if (lane.worker && !m_change.wait_for(lock, m_idleLimit, hasNews)) {
+        cutOff(lane);
+        lock.unlock();
+        dropWorker(lane);
+        lock.lock();
+    }
+    m_change.wait(lock, hasNews);
     if (m_isStopped) {
         for (const std::shared_ptr<MediaRequest>& request : std::exchange(m_waiting, {}))
             request->m_promise.set_value(failure(QStringLiteral("the application ends")));
@@ -113,7 +120,9 @@ std::shared_ptr<MediaRequest> MediaService::takeNext(Lane& lane) {
 
 MediaRequest::Answer MediaService::attempt(Lane& lane, MediaRequest& request) {
     if (!send(lane, request)) {
-        // The worker may have died since the last question; a new one has not.
+        // The worker may have died since the last question, or take none; a new one does.
+        if (lane.worker)
+            lane.worker->kill();
         dropWorker(lane);
         if (auto started = startWorkerWhereNone(lane); !started)
             return tl::unexpected(started.error());

@@ -52,7 +52,9 @@ public:
     /// The one for pictures.
     static MediaService& pictures();
 
-    explicit MediaService(int workerCount);
+    /// A worker is ended when there was nothing to ask for so long: what it holds in memory, what it may do
+    /// unasked, and what a file may have made of it.
+    explicit MediaService(int workerCount, std::chrono::milliseconds idleLimit = std::chrono::seconds(30));
     ~MediaService();
     MediaService(const MediaService&) = delete;
     MediaService& operator=(const MediaService&) = delete;
@@ -84,6 +86,7 @@ private:
     static bool send(Lane& lane, MediaRequest& request);
     static void cutOff(Lane& lane);
 
+    const std::chrono::milliseconds m_idleLimit;
     std::mutex m_mutex;
     std::condition_variable m_change;
     std::deque<std::shared_ptr<MediaRequest>> m_waiting;

@@ -10,8 +10,10 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <spawn.h>
+#include <string_view>
 #include <sys/wait.h>
 #include <system_error>
+#include <vector>
 
 // This header of glibc 2.36 forgets that C++ is another language.
 extern "C" {
@@ -29,10 +31,27 @@ constexpr int channelDescriptor = 3;
 // A process closes its descriptors a moment before it has ended.
 constexpr std::chrono::milliseconds dyingTime{1000};
 
+// Requests wait for answers, so that there is always room for one, unless a worker answers unasked.
+constexpr std::chrono::milliseconds sendingTime{100};
+
 std::string chosenProgram;
 
 std::string workerProgram() {
     return chosenProgram.empty() ? ownProgram(QStringLiteral("reelsmith-media-worker")) : chosenProgram;
+}
+
+/// What a worker is told of this process's environment, in which an operator's secrets may stand: where
+/// libraries are, and how a sanitizer is to watch.
+std::vector<char*> workerEnvironment() {
+    std::vector<char*> kept;
+    for (char** entry = environ; *entry; ++entry) {
+        const std::string_view variable(*entry);
+        const std::string_view name = variable.substr(0, variable.find('='));
+        if (name == "LD_LIBRARY_PATH" || name.ends_with("SAN_OPTIONS"))
+            kept.push_back(*entry);
+    }
+    kept.push_back(nullptr);
+    return kept;
 }
 
 /// The attributes and file actions of a spawn, freed with it.
@@ -65,7 +84,8 @@ public:
     /// An error number, 0 for none.
     int spawn(std::string program, std::string argument, pid_t& process) const {
         std::array<char*, 3> arguments{program.data(), argument.data(), nullptr};
-        return ::posix_spawn(&process, program.c_str(), &m_actions, &m_attributes, arguments.data(), environ);
+        return ::posix_spawn(&process, program.c_str(), &m_actions, &m_attributes, arguments.data(),
+                             workerEnvironment().data());
     }
 
 private:
@@ -84,6 +104,7 @@ Result<std::unique_ptr<WorkerProcess>> WorkerProcess::start(Role role) {
     const QString what = QStringLiteral("cannot start the media worker ") + QString::fromStdString(program);
     try {
         auto [ours, theirs] = Channel::makePair();
+        ours.limitSending(sendingTime);
         pid_t process = -1;
         const SpawnSetup setup(theirs.descriptor());
         const int error = setup.spawn(program, role == Role::Export ? "export" : "inspect", process);

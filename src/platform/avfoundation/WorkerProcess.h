@@ -12,8 +12,9 @@ namespace reelsmith {
 
 /// A running media worker, which ends with this object at the latest.
 ///
-/// It inherits its end of the channel as descriptor 3 and nothing else that is open here, and stands in a
-/// session of its own, so that the terminal's Ctrl-C does not reach it.
+/// It inherits its end of the channel as descriptor 3 and nothing else that is open here or stands in the
+/// environment, and is in a session of its own, so that the terminal's Ctrl-C does not reach it. It ends with
+/// the thread that has started it, too.
 class WorkerProcess {
 public:
     /// What a worker is for; it asks for its limits accordingly. The program's only argument: "inspect" or
