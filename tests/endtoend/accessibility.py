@@ -6,10 +6,9 @@
 """
 import re
 
-from application import (HANDED_OVER, HOME, OUTPUTS, SETTINGS, ApplicationTest, forget_everything,
-                         install_store, make_video, run, write_settings)
+from application import HANDED_OVER, HOME, OUTPUTS, SETTINGS, MeasuredTest, install_store, make_video, run, write_settings
 from desktop import Atspi, act, actions, find, gone, look, set_text, shown, until
-from flag_server import FlagServer
+from x11 import Display
 
 # What can be done with each role; with others there is nothing to do.
 ACTIONS = {"push button": {"Press"}, "page tab": {"Press"}, "list item": {"Press"}, "menu item": {"Press"},
@@ -18,9 +17,9 @@ ACTIONS = {"push button": {"Press"}, "page tab": {"Press"}, "list item": {"Press
 SILENT = {"frame", "heading", "label", "dialog", "alert", "progress bar", "page tab list"}
 
 
-class Accessibility(ApplicationTest):
+class Accessibility(MeasuredTest):
     def setUp(self):
-        forget_everything()
+        super().setUp()
         make_video(HOME / "Videos/holiday.avi", seconds=25, rate=1)
 
     def arrive(self, name, role):
@@ -75,20 +74,29 @@ class Accessibility(ApplicationTest):
         self.assertTrue(self.is_set(name, "page tab", Atspi.StateType.SELECTED))
 
     def test_a_new_user_converts_a_video_plays_it_and_deletes_it(self):
-        self.start()
+        self.start(**self.services)
         for title, button in (("Welcome to Reelsmith", "Continue"), ("Convert using your phone", "Continue"),
                               ("Multiple quality options", "Start")):
             self.arrive(title, "heading")
             act(button, "push button")
         self.arrive("Photo library", "push button")
+        self.assertIn("DID_SHOW_ONBOARDING=true", SETTINGS.read_text())
         result = self.convert("by name")
         self.open_tab("Converted Videos")
         act(result.name, "list item")
         self.arrive(result.name, "dialog")
         self.play()
+        act("Share", "push button")
+        self.arrive("Copy file", "push button")
+        act("Copy file", "push button")
+        gone("Copy file")
+        self.assertEqual(Display().clipboard("text/uri-list").strip(), result.as_uri())
         act("Delete", "push button")
         self.arrive("No videos yet", "heading")
         self.assertFalse(result.exists())
+        until(lambda: "deleted_video" in self.measured, "the last event arrives")
+        self.assertEqual(self.measured, ["started_tutorial", "converted_success", "shared_video", "played_video",
+                                         "shared_video", "deleted_video"])
         self.open_tab("Settings")
         for action, becomes in (("Toggle", "false"), ("Press", "true")):
             act("Send usage data", "check box", action)
@@ -127,17 +135,19 @@ class Accessibility(ApplicationTest):
 
     def test_the_grid_and_its_details_ask_before_they_delete(self):
         write_settings(DID_SHOW_ONBOARDING="true", RELEVANT_ACTION_COUNT_VAR3=1)
-        flags = FlagServer(new_video_layout_test="variant_a")
-        flags.may_answer.set()
-        video = make_video(OUTPUTS / "older.mp4")
-        self.start_window(OFREP_ENDPOINT=flags.address)
+        self.flags.values["new_video_layout_test"] = "variant_a"
+        video, other = (make_video(OUTPUTS / f"{name}.mp4", seconds=25, rate=1) for name in ("one", "other"))
+        self.start_window(**self.services)
         self.await_printed("Swapped videos VC to variant_a")
         act("Converted Videos", "page tab")
         self.arrive("Do you like Reelsmith?", "alert")
         act("not now", "push button")
         gone("Do you like Reelsmith?")
+        self.assertIn("RELEVANT_ACTION_COUNT_VAR3=2", SETTINGS.read_text())
+        self.arrive("2 videos, newest first", "label")
         act(video.name, "list item")
         self.arrive("Video details", "heading")
+        self.play()
         act("Share", "push button")
         self.arrive("Share", "dialog")
         act("Close", "push button")
@@ -148,8 +158,8 @@ class Accessibility(ApplicationTest):
             self.arrive(answer, "push button")
             act(answer, "push button")
             gone(answer)
-        self.arrive("No videos yet", "heading")
-        self.assertFalse(video.exists())
+        self.arrive("1 video, newest first", "label")
+        self.assertEqual(list(OUTPUTS.iterdir()), [other])
 
 
 if __name__ == "__main__":

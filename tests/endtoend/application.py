@@ -14,6 +14,8 @@ from desktop import find, key, press, type_text, until
 
 # Servers for what the scripts import after this.
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "../fakes"))
+from collector import Collector, records  # noqa: E402
+from flag_server import FlagServer  # noqa: E402
 
 PROGRAM, ENTRY = map(pathlib.Path, sys.argv[1:3])
 NAME = "io.reelsmith.Reelsmith"
@@ -103,6 +105,22 @@ class ApplicationTest(unittest.TestCase):
                                capture_output=True, text=True, check=True)
         self.assertEqual(asked.stdout.strip(), "h264,25")
         return path
+
+
+class MeasuredTest(ApplicationTest):
+    """By a collector, on a first start, with what `flags` say."""
+
+    def setUp(self):
+        forget_everything()
+        self.flags = FlagServer(measurement_upload_interval_seconds=1)
+        self.flags.may_answer.set()
+        self.measured = []
+        collector = Collector(self.take)
+        self.services = {"OFREP_ENDPOINT": self.flags.address,
+                         "OTEL_EXPORTER_OTLP_ENDPOINT": f"http://127.0.0.1:{collector.server_port}/200"}
+
+    def take(self, request):
+        self.measured += [record["eventName"] for _, record, _ in records(request)]
 
 
 def run():

@@ -1,65 +1,20 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Follows a new user from the first start to the library, in both of its layouts, and counts what is measured.
+"""Counts what is measured of what a user does with the library, and of what fails, and that nothing is without consent.
 
     with_desktop library.py REELSMITH DESKTOP_ENTRY [unittest options]
 """
-from application import (HOME, OUTPUTS, SETTINGS, ApplicationTest, forget_everything, install_store,
-                         make_video, run, write_settings)
-from collector import Collector, records
-from desktop import find, gone, key, press, type_text, until
-from flag_server import FlagServer
+from application import OUTPUTS, SETTINGS, MeasuredTest, install_store, make_video, run, write_settings
+from desktop import find, gone, press, type_text, until
 import web_server
 from x11 import Display
-
-PAGES = (("Welcome to Reelsmith", "Continue"), ("Convert using your phone", "Continue"),
-         ("Multiple quality options", "Start"))
-
 
 def open_tab(name):
     press(name, "page tab")
     find(name, "heading")
 
 
-class Library(ApplicationTest):
-    def setUp(self):
-        forget_everything()
-        self.flags = FlagServer(measurement_upload_interval_seconds=1)
-        self.flags.may_answer.set()
-        self.measured = []
-        collector = Collector(self.take)
-        self.services = {"OFREP_ENDPOINT": self.flags.address,
-                         "OTEL_EXPORTER_OTLP_ENDPOINT": f"http://127.0.0.1:{collector.server_port}/200"}
-
-    def take(self, request):
-        self.measured += [record["eventName"] for _, record, _ in records(request)]
-
-    def go_through_onboarding(self):
-        for title, button in PAGES:
-            find(title, "heading")
-            press(button, "push button")
-        find("Photo library", "push button")
-        self.assertIn("DID_SHOW_ONBOARDING=true", SETTINGS.read_text())
-
-    def convert_from_photos(self, name):
-        make_video(HOME / "Videos/holiday.avi", seconds=25, rate=1)  # long enough to be paused
-        open_tab("Convert to MP4")
-        press("Photo library", "push button")
-        press("holiday.avi", "list item")
-        result = self.convert(name)
-        key("Escape")
-        gone("Copy file")
-        open_tab("Converted Videos")
-        return result
-
-    def play(self):
-        press("Play", "push button")
-        find("Position", "slider")
-        press("Play", "push button")
-        press("Pause", "push button")
-        press("Close", "push button")
-        gone("Position")
-
+class Library(MeasuredTest):
     def share(self, result):
         press("Share", "push button")
         press("Copy file")
@@ -76,41 +31,6 @@ class Library(ApplicationTest):
         open_tab("Settings")
         press("Send usage data", "check box")
         until(lambda: f"SEND_USAGE_DATA={becomes}" in SETTINGS.read_text(), "the consent is stored")
-
-    def test_a_new_user_gets_to_know_the_list(self):
-        self.start(**self.services)
-        self.go_through_onboarding()
-        open_tab("Converted Videos")
-        find("No videos yet")
-        result = self.convert_from_photos("from the first run")
-        press(result.name, "list item")
-        self.play()
-        self.share(result)
-        self.delete(result)
-        until(lambda: "deleted_video" in self.measured, "the last event arrives")
-        self.assertEqual(self.measured, ["started_tutorial", "converted_success", "shared_video", "played_video",
-                                         "shared_video", "deleted_video"])
-
-    def test_the_grid_comes_with_the_flag_and_the_second_run_asks_for_a_rating(self):
-        write_settings(DID_SHOW_ONBOARDING="true", RELEVANT_ACTION_COUNT_VAR3=1)
-        self.flags.values["new_video_layout_test"] = "variant_a"
-        self.start_window(**self.services)
-        self.await_printed("Swapped videos VC to variant_a")
-        older = make_video(OUTPUTS / "older.mp4")
-        result = self.convert_from_photos("newer")
-        press("not now", "push button")
-        gone("Do you like Reelsmith?")
-        find("2 videos, newest first")
-        press(result.name, "list item")
-        find("Video details", "heading")
-        self.play()
-        self.share(result)
-        press("Delete", "push button")
-        press("delete", "push button")
-        gone("Video details")
-        find("1 video, newest first")
-        self.assertEqual(list(OUTPUTS.iterdir()), [older])
-        self.assertIn("RELEVANT_ACTION_COUNT_VAR3=2", SETTINGS.read_text())
 
     def test_without_consent_nothing_is_measured_not_even_after_a_restart(self):
         write_settings(DID_SHOW_ONBOARDING="true")
