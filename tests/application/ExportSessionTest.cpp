@@ -117,7 +117,8 @@ TEST_F(ExportSession, CancellingEndsItUntilTheResultStandsInPlaceOfTheOldFile) {
 
 TEST_F(ExportSession, NobodyWritesIntoAResultThatHasItsName) {
     const QUrl output = inOutputs(u"a.mp4"_s);
-    ASSERT_EQ(exported(*session("export linger\n", output)), Status::Completed);
+    const auto lingering = session("export linger\n", output);
+    ASSERT_EQ(exported(*lingering), Status::Completed);
     const auto size = contents(output).size();
     for (int i = 0; i < 1000; ++i)
         ASSERT_EQ(contents(output).size(), size);
