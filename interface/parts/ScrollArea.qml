@@ -18,6 +18,8 @@ Flickable {
     boundsBehavior: Flickable.StopAtBounds
     interactive: contentHeight > height
     clip: interactive
+    onHeightChanged: follower.staySeen()
+    onContentHeightChanged: follower.staySeen()
 
     Column {
         id: column
@@ -27,6 +29,8 @@ Flickable {
     }
 
     App.FocusFollower {
+        id: follower
+
         flickable: area
     }
 }

@@ -130,6 +130,7 @@ QtObject {
     readonly property int centerCardPadding: 24
     readonly property int sheetMargin: 8
     readonly property int overlayMargin: 8
+    readonly property int leastBody: 76
     readonly property int iconTextGap: 14
     readonly property int hair: 1
 

@@ -21,13 +21,14 @@ void FocusFollower::setFlickable(QQuickItem* flickable) {
     m_flickable = flickable;
     if (m_flickable) {
         connect(m_flickable, &QQuickItem::windowChanged, this, &FocusFollower::followWindow);
-        connect(m_flickable, &QQuickItem::heightChanged, this, [this] {
-            if (KeyboardManager::shared().isEnabled())
-                reveal();
-        });
         followWindow(m_flickable->window());
     }
     emit flickableChanged();
+}
+
+void FocusFollower::staySeen() {
+    if (KeyboardManager::shared().isEnabled())
+        reveal();
 }
 
 void FocusFollower::followWindow(QQuickWindow* window) {
@@ -42,7 +43,7 @@ void FocusFollower::reveal() {
     const QQuickItem* focused = m_window ? m_window->activeFocusItem() : nullptr;
     if (!focused || !m_flickable->isAncestorOf(focused))
         return;
-    const QRectF place = focused->mapRectToItem(m_flickable, focused->boundingRect());
+    const QRectF place = focused->mapRectToItem(m_flickable, {QPointF(), focused->size()});
     const qreal contentY = m_flickable->property("contentY").toReal();
     const qreal lowest = qMax(0.0, m_flickable->property("contentHeight").toReal() - m_flickable->height());
     const qreal tooLow = qMax(0.0, place.bottom() + margin - m_flickable->height());

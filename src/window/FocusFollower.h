@@ -7,8 +7,8 @@
 
 namespace reelsmith {
 
-/// Keeps what has the focus visible in a Flickable: scrolls to it when it gets the focus, and when the
-/// Flickable gets lower, as it does when the keyboard comes up.
+/// Keeps what has the focus visible in a Flickable: scrolls to it when it gets the focus, and when told that
+/// there is another place for it, as there is when the keyboard comes up.
 class FocusFollower : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -19,6 +19,9 @@ public:
 
     QQuickItem* flickable() const { return m_flickable; } ///< may be null; not owned
     void setFlickable(QQuickItem* flickable);
+
+    /// The Flickable or what is in it has another height.
+    Q_INVOKABLE void staySeen();
 
 signals:
     void flickableChanged();

@@ -113,6 +113,10 @@ TEST(BottomSheet, KeepsHeaderButtonAndFocusedFieldInSightInEveryWindow) {
         EXPECT_LT(stage.place("field").bottom(), stage.place("footer").top()) << size.width();
         EXPECT_LE(stage.place("footer").width(), 480) << size.width();
     }
+    stage.resize({720, 180}); // a phone lying down, with its keyboard
+    EXPECT_TRUE(QRectF(0, 8, 720, 164).contains(stage.place("field")));
+    EXPECT_LE(stage.place("header").bottom(), stage.place("field").top());
+    EXPECT_GE(stage.place("footer").top(), stage.place("field").bottom());
 }
 
 TEST(BottomSheet, TellsAPressBesideItOnly) {
