@@ -18,12 +18,21 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QQmlComponent>
+#include <QScreen>
 
 namespace reelsmith {
 
 namespace {
 
 constexpr QSize designedSize{390, 844};
+constexpr int widestPhone = 540; // points, at the shorter side of its screen
+
+// There every window fills the screen, and the shell leaves title bars to the windows, which need none.
+bool isInPhoneShell() {
+    const QSize screen = QGuiApplication::primaryScreen()->size();
+    return QGuiApplication::platformName().startsWith(QStringLiteral("wayland")) &&
+           qMin(screen.width(), screen.height()) <= widestPhone;
+}
 
 bool isBackKey(int key) {
     return key == Qt::Key_Escape || key == Qt::Key_Back;
@@ -84,14 +93,10 @@ void WindowApplication::followWindow() {
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
     m_quickWindow.setTitle(QStringLiteral("Reelsmith"));
     m_quickWindow.resize(designedSize);
+    m_quickWindow.setFlag(Qt::FramelessWindowHint, isInPhoneShell());
     m_quickWindow.installEventFilter(this);
-    const auto tellSize = [this] {
-        const QSizeF size = m_quickWindow.size();
-        m_appearance->setWindowSize(size);
-        UIScreen::main().setWindowSize(size);
-    };
-    connect(&m_quickWindow, &QWindow::widthChanged, this, tellSize);
-    connect(&m_quickWindow, &QWindow::heightChanged, this, tellSize);
+    connect(&m_quickWindow, &QWindow::widthChanged, this, &WindowApplication::tellSize);
+    connect(&m_quickWindow, &QWindow::heightChanged, this, &WindowApplication::tellSize);
     tellSize();
     connect(&m_quickWindow, &QWindow::activeChanged, this,
             [this] { UIApplication::shared().setActive(m_quickWindow.isActive()); });
@@ -100,6 +105,17 @@ void WindowApplication::followWindow() {
                                 m_delegate->supportedInterfaceOrientations() ==
                                     UIInterfaceOrientationMask::All);
     });
+}
+
+void WindowApplication::tellSize() {
+    const QSizeF size = m_quickWindow.size();
+    const bool wasLandscape = m_appearance->windowWidth() > m_appearance->windowHeight();
+    m_appearance->setWindowSize(size);
+    UIScreen::main().setWindowSize(size);
+    // What the user turned by hand in the old window would lie on its side in the new one.
+    if (wasLandscape != (size.width() > size.height()) && UIDevice::current().isLandscape())
+        UIDevice::current().setValue(static_cast<int>(UIDeviceOrientation::Portrait),
+                                     QStringLiteral("orientation"));
 }
 
 void WindowApplication::launch(const QList<QUrl>& files) {

@@ -52,6 +52,7 @@ private:
     void setUpPlatform(std::shared_ptr<HTTPClient> webClient);
     void followDesktop();
     void followWindow();
+    void tellSize();
     /// Takes what is dragged over the window, and opens it once it is dropped, if it is files.
     bool takeDrag(QDropEvent& event);
     bool mayClose();

@@ -132,13 +132,17 @@ TEST_F(PlayerScreen, LeavesTheVideoAloneUntilItIsTouchedOrTheKeyboardIsUsed) {
     EXPECT_EQ(&m_application.frontScreen(), &player);
 }
 
-TEST_F(PlayerScreen, LiesOnItsSideUntilItGoes) {
+TEST_F(PlayerScreen, LiesOnItsSideUntilTheWindowDoesOrItGoes) {
     AVPlayer::setPlaybackFactory([] { return std::make_unique<ScriptedPlayback>(); });
     const auto closeIsAt = [this] { return sceneRectangle(m_application.control("Close")).center(); };
     open(QUrl("file:///Summer.mp4"));
     EXPECT_EQ(closeIsAt(), QPointF(32, 32));
     m_application.tap("Turn");
     EXPECT_EQ(closeIsAt(), QPointF(390 - 32, 32));
+    m_application.resize({844, 390});
+    EXPECT_EQ(closeIsAt(), QPointF(32, 32));
+    m_application.tap("Turn");
+    EXPECT_EQ(closeIsAt(), QPointF(844 - 32, 32));
     m_application.tap("Close");
     m_application.settle();
     open(QUrl("file:///Summer.mp4"));
