@@ -8,6 +8,7 @@
 #include <QFont>
 #include <QImage>
 #include <QQuickWindow>
+#include <algorithm>
 #include <cmath>
 
 namespace reelsmith {

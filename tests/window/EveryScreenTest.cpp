@@ -94,6 +94,15 @@ TEST(EveryScreen, GoesBackByEscapeAndItsItemBeforeItself) {
     });
 }
 
+/// By assistive tools: by an action, or by keys where it has the keyboard.
+bool canBeUsed(QAccessibleInterface& control) {
+    const QStringList actions = control.actionInterface()->actionNames();
+    return actions.contains(QAccessibleActionInterface::pressAction()) ||
+           actions.contains(QAccessibleActionInterface::increaseAction()) ||
+           QList{QAccessible::EditableText, QAccessible::List, QAccessible::Document, QAccessible::Grouping}
+               .contains(control.role());
+}
+
 TEST(EveryControl, HasANameARoleAndAFingertipsRoom) {
     onEveryScreen([](TestApplication& application) {
         for (QQuickItem* control : controls(application.frontItem())) {
@@ -102,6 +111,7 @@ TEST(EveryControl, HasANameARoleAndAFingertipsRoom) {
             EXPECT_NE(spoken->text(QAccessible::Name), "") << description(*control);
             EXPECT_NE(spoken->role(), QAccessible::NoRole) << description(*control);
             EXPECT_NE(spoken->role(), QAccessible::Client) << description(*control);
+            EXPECT_TRUE(canBeUsed(*spoken)) << description(*control);
             EXPECT_GE(control->width(), 44) << description(*control);
             EXPECT_GE(control->height(), 44) << description(*control);
         }
