@@ -14,6 +14,7 @@
 #include <QTemporaryDir>
 #include <fcntl.h>
 #include <filesystem>
+#include <iterator>
 
 using namespace reelsmith;
 
@@ -50,6 +51,11 @@ void look(const QUrl& source) {
                   "a picture is within its bounds");
 }
 
+void countDescriptors() {
+    const std::filesystem::directory_iterator open("/proc/self/fd");
+    fuzz::require(std::distance(begin(open), end(open)) < 100, "what a worker sends is closed");
+}
+
 void exportOnce(const Surroundings& surroundings) {
     const auto result = surroundings.outputs / "result.mp4";
     double last = 0;
@@ -75,5 +81,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                   "the source can be written");
     look(surroundings.source);
     exportOnce(surroundings);
+    countDescriptors();
     return 0;
 }

@@ -80,6 +80,9 @@ TEST_F(Media, AWorkerInheritsItsChannelAndNothingElse) {
     ASSERT_FALSE(image);
     EXPECT_EQ(image.error().localizedDescription, u"0 1 2 3 4 5 "_s);
 
+    const auto source = openSourceFile(file(u"a"_s));
+    EXPECT_EQ(::fcntl(source->number(), F_GETFL) & O_ACCMODE, O_RDONLY);
+
     qputenv("OFREP_HEADERS", "secret");
     const auto other = thumbnailer(file(u"b"_s, "thumbnail environment OFREP_HEADERS\n")).copyCGImage({});
     EXPECT_EQ(other.error().localizedDescription, u"not there"_s);
