@@ -41,7 +41,8 @@ QQuickItem& Stage::item(const char* name) {
 
 QRectF Stage::place(const char* name) {
     const QQuickItem& found = item(name);
-    return found.mapRectToScene(found.boundingRect());
+    // The bounding rectangle of a text field is that of its letters.
+    return found.mapRectToScene({QPointF(), found.size()});
 }
 
 void Stage::resize(QSize size) {
