@@ -49,9 +49,22 @@ MultimediaPlayback::~MultimediaPlayback() {
 void MultimediaPlayback::setSource(const QUrl& url) {
     m_isAtEnd = false;
     setState({});
-    m_player.setSource(url);
+    open(url);
     if (canPlay() && !m_player.hasVideo() && !m_player.hasAudio())
         fail(QStringLiteral("There is nothing in the file that can be shown or heard"));
+}
+
+// By itself the player copies a resource into a file, which stays behind when the application is killed.
+void MultimediaPlayback::open(const QUrl& url) {
+    m_player.setSource({});
+    m_resource.close();
+    if (url.scheme() != QLatin1String("qrc")) {
+        m_player.setSource(url);
+        return;
+    }
+    m_resource.setFileName(QLatin1Char(':') + url.path());
+    static_cast<void>(m_resource.open(QIODevice::ReadOnly)); // the player tells of one that is not there
+    m_player.setSourceDevice(&m_resource, url);
 }
 
 void MultimediaPlayback::seek(const CMTime& time) {
@@ -80,9 +93,7 @@ bool MultimediaPlayback::isReadToEnd() const {
 
 void MultimediaPlayback::reopen() {
     const QSignalBlocker quiet(&m_player);
-    const QUrl source = m_player.source();
-    m_player.setSource({});
-    m_player.setSource(source);
+    open(m_player.source());
     m_isAtEnd = false;
     if (m_player.error() != QMediaPlayer::NoError)
         fail(m_player.errorString());

@@ -3,6 +3,7 @@
 
 #include "platform/avfoundation/VideoPlayback.h"
 
+#include <QFile>
 #include <QMediaPlayer>
 #include <QVideoSink>
 #include <memory>
@@ -35,6 +36,7 @@ private:
     qint64 pictureTime() const; // in milliseconds, as these
     qint64 lastPicture() const;
     bool isReadToEnd() const;
+    void open(const QUrl& url);
     void reopen();
     void followDevices();
     void attachSound();
@@ -47,6 +49,7 @@ private:
     QVideoSink m_output;
     std::unique_ptr<QMediaDevices> m_devices;
     std::unique_ptr<QAudioOutput> m_sound; // outlives what plays on it
+    QFile m_resource;                      // read by the player, if it plays one
     QMediaPlayer m_player;
     bool m_isAtEnd = false;
     bool m_isMuted = false;
