@@ -35,6 +35,23 @@ def ssim(result, source):
     return sum(values) / len(values)
 
 
+def alike(result, reference):
+    """Mean likeness of luma of two results of one size, frame by frame, and how far their mean luma lies apart, of 255."""
+    graph = "[0:v:0]setpts=N,format=yuv420p[a];[1:v:0]setpts=N,format=yuv420p[b];[a][b]ssim=shortest=1:stats_file=-"
+    told = subprocess.run(["ffmpeg", "-v", "error", "-nostdin", "-i", result, "-i", reference, "-filter_complex", graph,
+                           "-an", "-f", "null", "-"], check=True, capture_output=True, text=True).stdout
+    values = [float(word[2:]) for line in told.splitlines() for word in line.split() if word.startswith("Y:")]
+    return sum(values) / len(values), abs(_mean_luma(result) - _mean_luma(reference))
+
+
+def _mean_luma(path):
+    graph = f"movie='{path}',signalstats"
+    told = subprocess.run(["ffprobe", "-v", "error", "-f", "lavfi", "-i", graph, "-of", "csv=p=0", "-show_entries",
+                           "frame_tags=lavfi.signalstats.YAVG"], check=True, capture_output=True, text=True).stdout
+    values = [float(line.strip(",")) for line in told.split()]
+    return sum(values) / len(values)
+
+
 def size_at(likeness, encode, crf):
     """The size that `encode(crf)`, which answers (size, ssim), would need for a likeness: between two CRFs around it."""
     def point(value):

@@ -22,6 +22,18 @@ class Sources:
                           "-c:v", "libx265", "-preset", "superfast", "-b:v", "40M", "-tag:v", "hvc1",
                           "-x265-params", "log-level=error:pools=2:frame-threads=2", *BT709, "-c:a", "aac", "-b:a", "192k")
 
+    def pq_4k(self):
+        """Three seconds of HDR10 whose white is 600 nits, 40 Mb/s."""
+        tags = "colorprim=bt2020:transfer=smpte2084:colormatrix=bt2020nc:range=limited:hdr10=1:max-cll=1000,400"
+        light = "zscale=tin=709:min=709:pin=709:rin=tv:t=smpte2084:m=2020_ncl:p=2020:r=tv:npl=600,format=yuv420p10le"
+        return self._made("pq_4k.mp4", *self._pictures("3840x2160", 3, 3), *self._sound(3),
+                          "-vf", light, "-c:v", "libx265", "-preset", "superfast", "-b:v", "40M", "-tag:v", "hvc1",
+                          "-x265-params", f"log-level=error:pools=2:frame-threads=2:{tags}", "-colorspace", "bt2020nc",
+                          "-color_primaries", "bt2020", "-color_trc", "smpte2084", "-c:a", "aac", "-b:a", "192k")
+
+    def one_second(self):
+        return self._made("one_second.mp4", "-t", "1", "-i", self.one_minute(), "-c", "copy")
+
     def large_mp4(self):
         """Two and a half minutes, 300 MB."""
         return self._made("large.mp4", "-stream_loop", "14", "-i", self.noisy_1080p(), "-c", "copy")
