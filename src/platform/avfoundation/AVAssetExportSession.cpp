@@ -4,6 +4,7 @@
 #include "platform/avfoundation/EnginePreset.h"
 #include "platform/avfoundation/ExportRun.h"
 #include "platform/avfoundation/ExportThreads.h"
+#include "platform/foundation/DispatchQueue.h"
 #include "platform/foundation/FatalError.h"
 #include "platform/foundation/OngoingWork.h"
 
@@ -32,10 +33,17 @@ public:
             if (prepare())
                 finish(m_run->run([this](double fraction) { setProgress(fraction); }));
         }
-        completion();
-        const std::lock_guard lock(mutex);
-        isOver = true;
-        ended.notify_all();
+        end(completion);
+    }
+
+    /// Instead of perform(), on the main queue.
+    void fail(const std::function<void()>& completion) {
+        {
+            const std::lock_guard lock(mutex);
+            status = AVAssetExportSessionStatus::Failed;
+            error = Error{QStringLiteral("there is no thread to be had")};
+        }
+        end(completion);
     }
 
     void cancel() override {
@@ -60,6 +68,13 @@ public:
     bool isOver = false;
 
 private:
+    void end(const std::function<void()>& completion) {
+        completion();
+        const std::lock_guard lock(mutex);
+        isOver = true;
+        ended.notify_all();
+    }
+
     bool prepare() {
         const std::lock_guard lock(mutex);
         if (status == AVAssetExportSessionStatus::Cancelled)
@@ -150,8 +165,9 @@ void AVAssetExportSession::exportAsynchronously(std::function<void()> completion
         if (m_export->status == AVAssetExportSessionStatus::Unknown)
             m_export->status = AVAssetExportSessionStatus::Waiting;
     }
-    ExportThreads::shared().start(
-        m_export, [shared = m_export, completion = std::move(completion)] { shared->perform(completion); });
+    const auto perform = [shared = m_export, completion] { shared->perform(completion); };
+    if (!ExportThreads::shared().start(m_export, perform))
+        DispatchQueue::main().async([shared = m_export, completion] { shared->fail(completion); });
 }
 
 void AVAssetExportSession::cancelExport() {

@@ -44,8 +44,8 @@ public:
     float progress() const;
 
     /// Starts the export on a thread of its own and returns. `completion` is called on that thread, once,
-    /// when the status is Completed, Failed or Cancelled, unless the application ends first. A second start
-    /// is a fatal error.
+    /// when the status is Completed, Failed or Cancelled, unless the application ends first. Where the system
+    /// yields no thread it fails, and `completion` comes on the main queue. A second start is a fatal error.
     void exportAsynchronously(std::function<void()> completion);
 
     /// Ends the export with status Cancelled; one that has not been started will not do anything when it is.

@@ -11,18 +11,17 @@ ExportThreads& ExportThreads::shared() {
     return threads;
 }
 
-ExportThreads::ExportThreads() {
-    m_threads.setMaxThreadCount(std::numeric_limits<int>::max());
+ExportThreads::ExportThreads() : m_threads(std::numeric_limits<std::size_t>::max()) {
     qAddPostRoutine([] { shared().endAll(); });
 }
 
-void ExportThreads::start(const std::shared_ptr<CancellableExport>& running, std::function<void()> work) {
+bool ExportThreads::start(const std::shared_ptr<CancellableExport>& running, std::function<void()> work) {
     const std::lock_guard lock(m_mutex);
     if (m_isOver)
-        return;
+        return true;
     std::erase_if(m_running, [](const auto& other) { return other.expired(); });
     m_running.push_back(running);
-    m_threads.start(std::move(work));
+    return m_threads.start(std::move(work));
 }
 
 void ExportThreads::endAll() {

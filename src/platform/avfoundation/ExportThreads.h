@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QThreadPool>
+#include "platform/foundation/ThreadPool.h"
+
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -23,8 +24,9 @@ class ExportThreads {
 public:
     static ExportThreads& shared();
 
-    /// Calls `work` on a thread of its own, or not at all when the application has ended.
-    void start(const std::shared_ptr<CancellableExport>& running, std::function<void()> work);
+    /// Calls `work` on a thread of its own, or not at all when the application has ended. False where the
+    /// system yields no thread.
+    bool start(const std::shared_ptr<CancellableExport>& running, std::function<void()> work);
 
 private:
     ExportThreads();
@@ -33,7 +35,7 @@ private:
     std::mutex m_mutex;
     bool m_isOver = false;
     std::vector<std::weak_ptr<CancellableExport>> m_running;
-    QThreadPool m_threads;
+    ThreadPool m_threads;
 };
 
 } // namespace reelsmith

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/foundation/DispatchQueue.h"
 
+#include "platform/foundation/ThreadPool.h"
+
 #include <QCoreApplication>
-#include <QThreadPool>
 #include <algorithm>
 #include <utility>
 
@@ -12,25 +13,27 @@ namespace {
 
 // Work here mostly waits for a worker process: with one thread a core, two thumbnails would hold up an
 // export.
-constexpr int leastThreadCount = 16;
+constexpr std::size_t leastThreadCount = 16;
 
 void postToMain(DispatchQueue::Work work) {
     if (QCoreApplication* application = QCoreApplication::instance())
         QMetaObject::invokeMethod(application, std::move(work), Qt::QueuedConnection);
 }
 
-// The pool that the application object waits for when it ends, so that no work outlives it.
-QThreadPool& globalPool() {
-    static QThreadPool& pool = []() -> QThreadPool& {
-        QThreadPool& global = *QThreadPool::globalInstance();
-        global.setMaxThreadCount(std::max(leastThreadCount, global.maxThreadCount()));
-        return global;
-    }();
+ThreadPool& globalPool() {
+    static ThreadPool pool(std::max<std::size_t>(leastThreadCount, std::thread::hardware_concurrency()));
     return pool;
 }
 
+// What is registered first comes last: whoever the work waits for has been told that the application ends.
+void waitForTheGlobalQueuesAtTheEnd() {
+    qAddPostRoutine([] { globalPool().waitForDone(); });
+}
+Q_COREAPP_STARTUP_FUNCTION(waitForTheGlobalQueuesAtTheEnd)
+
 void postToGlobal(DispatchQueue::Work work) {
-    globalPool().start(std::move(work));
+    if (!globalPool().start(work))
+        postToMain(std::move(work));
 }
 
 } // namespace

@@ -17,7 +17,8 @@ public:
     /// The application object's thread, one piece of work at a time and in order.
     static DispatchQueue main();
 
-    /// Background threads; pieces of work run side by side, in no fixed order.
+    /// Background threads; pieces of work run side by side, in no fixed order. Where the system yields no
+    /// thread, on the main queue.
     static DispatchQueue global(QualityOfService quality);
 
     /// Runs `work` on the queue, never before this call has returned. Any thread.
