@@ -160,10 +160,12 @@ class CommandLine(unittest.TestCase):
         self.assertEqual(self.left(), [".hidden", "a b%é.txt", "a.mov"])
 
     def test_wrong_usage_is_told_and_touches_nothing(self):
-        for words in ([], ["clip.mov"], ["convert", "-n", "", "a"]):
-            status, out, error = self.run_to_end(*words)
-            self.assertEqual((status, out), (2, []), words)
-            self.assertTrue(error, words)
+        for line in ("", "clip.mov", "--fast", "list a", "list -q low", "convert", "convert ", "convert -q best a", "convert a -q",
+                     "convert a -n", "convert a --name=", "convert -n  a", "convert a b -n x", "convert a --fast",
+                     "convert HTTPS://host/a.mp4 dir/a.mov", "convert dir/a.mov a.b.avi", "convert a ./x/../a"):
+            status, out, error = self.run_to_end(*(line.split(" ") if line else []))
+            self.assertEqual((status, out), (2, []), line)
+            self.assertTrue(error, line)
         self.assertEqual(self.left(), [])
         for words, first in ((["--help"], "Reelsmith turns"), (["--version"], "reelsmith ")):
             status, out, error = self.run_to_end(*words)
