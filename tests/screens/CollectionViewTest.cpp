@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ScreensTest.h"
 
-#include "platform/uikit/Label.h"
 #include "platform/uikit/UICollectionView.h"
 #include "platform/uikit/UIContextMenuController.h"
-#include "platform/uikit/UITableView.h"
 
 #include <set>
 
@@ -13,10 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class Tile : public UICollectionViewCell {
-    Q_OBJECT
-
-public:
+struct Tile : UICollectionViewCell {
     int m_item = -1;
 };
 
@@ -34,7 +29,7 @@ public:
     int collectionViewNumberOfItemsInSection(UICollectionView&, int) override { return m_count; }
     CellsView::Cell collectionViewCellForItemAt(UICollectionView& view, const IndexPath& path) override {
         CellsView::Cell cell = view.dequeueReusableCell(u"tile"_s);
-        qobject_cast<Tile*>(cell.get())->m_item = path.item;
+        dynamic_cast<Tile&>(*cell).m_item = path.item;
         m_used.insert(cell.get());
         return cell;
     }
@@ -53,7 +48,7 @@ public:
     std::vector<int> shown() const {
         std::vector<int> items;
         for (int item = 0; item < m_count; ++item) {
-            if (const auto* tile = qobject_cast<Tile*>(m_view.cell(item)))
+            if (const auto* tile = dynamic_cast<const Tile*>(m_view.cell(item)))
                 items.push_back(tile->m_item);
         }
         return items;
@@ -128,11 +123,6 @@ TEST(CollectionView, AnotherWidthMovesTheCells) {
     EXPECT_EQ(grid.shown().size(), 6u);
 }
 
-TEST(CollectionView, NothingIsDequeuedForAnUnknownIdentifier) {
-    UICollectionView view;
-    EXPECT_EQ(view.dequeueReusableCell(u"tile"_s), nullptr);
-}
-
 TEST(CollectionView, KeysMoveThroughTheItems) {
     Grid grid;
     grid.m_count = 8;
@@ -187,52 +177,3 @@ TEST_F(ContextMenu, ItsHandlerRunsWhenItHasGone) {
     EXPECT_EQ(grid.m_chosen, 4);
     EXPECT_TRUE(isNothingPresented());
 }
-
-namespace {
-
-/// Two sections, of which the second has a header.
-class Rows : public QObject, public UITableViewDataSource, public UITableViewDelegate {
-public:
-    int tableViewNumberOfSections(UITableView&) override { return 2; }
-    int tableViewNumberOfRowsInSection(UITableView&, int section) override { return section + 1; }
-    QString tableViewTitleForHeaderInSection(UITableView&, int section) override {
-        return section == 0 ? QString() : u"Video details"_s;
-    }
-    qreal tableViewHeightForRowAt(UITableView&, const IndexPath& path) override {
-        return path.section == 0 ? 200 : 132;
-    }
-    CellsView::Cell tableViewCellForRowAt(UITableView&, const IndexPath&) override {
-        return std::make_unique<UITableViewCell>();
-    }
-    void tableViewDidSelectRowAt(UITableView& table, const IndexPath& path) override {
-        m_selected = path;
-        m_wasMarked = table.cell(2)->isSelected();
-        table.deselectRow(path, Animated::Yes);
-    }
-
-    IndexPath m_selected;
-    bool m_wasMarked = false;
-};
-
-} // namespace
-
-TEST(TableView, RowsStandBelowTheirHeaders) {
-    Rows rows;
-    UITableView table;
-    table.setDataSource(&rows);
-    table.setDelegate(&rows);
-    table.setViewport(0, 390, 1000);
-    EXPECT_EQ(table.contentHeight(), 200 + 44 + 2 * 132);
-    EXPECT_EQ(table.headers().size(), 1);
-    EXPECT_EQ(table.headers().first().toMap().value(u"frame"_s).toRectF(), QRectF(0, 200, 390, 44));
-    EXPECT_EQ(table.cell(2)->frame(), QRectF(0, 376, 390, 132));
-    table.cell(2)->tap();
-    EXPECT_EQ(rows.m_selected, (IndexPath{1, 1}));
-    EXPECT_TRUE(rows.m_wasMarked);
-    EXPECT_FALSE(table.cell(2)->isSelected());
-    // Cells without an identifier end when they leave.
-    table.setViewport(2000, 390, 1000);
-    EXPECT_EQ(table.cells()->rowCount(), 0);
-}
-
-#include "CollectionViewTest.moc"

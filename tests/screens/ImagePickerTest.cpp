@@ -27,10 +27,9 @@ protected:
         QFile(m_folder.filePath(name)).open(QIODevice::WriteOnly);
         fs::last_write_time(path(name), fs::file_time_type::clock::now() - std::chrono::minutes(minutes));
     }
-    void makeMovie(const QString& name) {
-        const QStringList arguments =
-            u"-v error -f lavfi -i color=red:s=320x240:d=75:r=1 -pix_fmt yuv420p"_s.split(u' ');
-        ASSERT_EQ(QProcess::execute(u"ffmpeg"_s, arguments + QStringList{m_folder.filePath(name)}), 0);
+    void ffmpeg(const QString& arguments, const QString& name) const {
+        const QStringList words = (u"-v error "_s + arguments).split(u' ');
+        ASSERT_EQ(QProcess::execute(u"ffmpeg"_s, words + QStringList{m_folder.filePath(name)}), 0);
     }
     UIImagePickerController& presentPicker(const QStringList& types = {kUTTypeMovie}) {
         auto picker =
@@ -77,13 +76,24 @@ TEST_F(ImagePicker, MoviesAreFoundOnceAndTheLatestFirst) {
     EXPECT_EQ(names, (QStringList{u"new.MKV"_s, u"middle.avi"_s, u"old.mp4"_s}));
 }
 
-TEST_F(ImagePicker, ATileShowsItsMovieAndATapPicksIt) {
-    makeMovie(u"red film.mp4"_s);
+/// In a process of its own, with the worker that is installed.
+using RealWorker = ImagePicker;
+
+TEST_F(RealWorker, ATileShowsItsMovieUprightInItsColoursAndATapPicksIt) {
+    ffmpeg(u"-f lavfi -i color=red:s=320x240:d=75:r=1 -pix_fmt yuv420p"_s, u".lying.mp4"_s);
+    ffmpeg(u"-i %1 -c copy -metadata:s:v rotate=90"_s.arg(m_folder.filePath(u".lying.mp4"_s)),
+           u"red film.mp4"_s);
     UIImagePickerController& picker = presentPicker();
     EXPECT_TRUE(picker.isFullScreen());
     UIImagePickerCell* tile = cell(picker, 0);
     ASSERT_NE(tile, nullptr);
     EXPECT_TRUE(runLoopUntil([tile] { return !tile->thumbnailImageView()->image().isEmpty(); }));
+    const CGImage picture = tile->thumbnailImageView()->image().cgImage();
+    EXPECT_NEAR(picture.width * 4, picture.height * 3, 4);
+    for (const qsizetype pixel : {qsizetype{0}, picture.pixels.size() - 4}) {
+        const auto part = [&](int index) { return static_cast<uchar>(picture.pixels.at(pixel + index)); };
+        EXPECT_TRUE(part(0) > 230 && part(1) < 30 && part(2) < 30 && part(3) == 255) << "red";
+    }
     EXPECT_EQ(tile->durationLabel()->text(), u"1:15"_s);
     EXPECT_EQ(tile->nameLabel()->text(), u"red film.mp4"_s);
     EXPECT_EQ(tile->frame(), QRectF(0, 0, 128, 128));
