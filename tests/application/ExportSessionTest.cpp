@@ -79,30 +79,23 @@ TEST_F(ExportSession, CancellingEndsItUntilTheResultStandsInPlaceOfTheOldFile) {
     EXPECT_EQ(early->status(), Status::Cancelled);
     EXPECT_EQ(exported(*early), Status::Cancelled);
 
-    const auto waiting = session("export hang\n", output);
-    waiting->exportAsynchronously([] {});
-    waiting->cancelExport();
-    waiting->waitUntilEnded();
-    EXPECT_EQ(waiting->status(), Status::Cancelled);
-
-    const auto exporting = session("export write half\nexport progress 0.25\nexport hang\n", output);
-    exporting->exportAsynchronously([] {});
-    ASSERT_TRUE(runLoopUntil([&exporting] { return exporting->progress() > 0; }));
-    EXPECT_EQ(exporting->status(), Status::Exporting);
-    EXPECT_EQ(exporting->progress(), 0.25F);
-    EXPECT_EQ(outputs().size(), 1);
-    exporting->cancelExport();
-    exporting->waitUntilEnded();
-    EXPECT_EQ(exporting->status(), Status::Cancelled);
-    EXPECT_FALSE(exporting->error());
-    EXPECT_EQ(outputs(), QStringList());
-
-    const auto flooding = session("export flood\n", output);
-    flooding->exportAsynchronously([] {});
-    ASSERT_TRUE(runLoopUntil([&flooding] { return flooding->progress() > 0; }));
-    flooding->cancelExport();
-    flooding->waitUntilEnded();
-    EXPECT_EQ(flooding->status(), Status::Cancelled);
+    const std::pair<QByteArray, float> scripts[] = {
+        {"export hang\n", 0.0F},
+        {"export write half\nexport progress 0.25\nexport hang\n", 0.25F},
+        {"export flood\n", 0.5F},
+    };
+    for (const auto& [script, progress] : scripts) {
+        SCOPED_TRACE(script.constData());
+        const auto running = session(script, output);
+        running->exportAsynchronously([] {});
+        ASSERT_TRUE(runLoopUntil([&] { return running->progress() == progress; }));
+        EXPECT_TRUE(progress == 0 || (running->status() == Status::Exporting && outputs().size() == 1));
+        running->cancelExport();
+        running->waitUntilEnded();
+        EXPECT_EQ(running->status(), Status::Cancelled);
+        EXPECT_FALSE(running->error());
+        EXPECT_EQ(outputs(), QStringList());
+    }
 
     write(output, "old");
     const auto completed = session(goodExport, output);

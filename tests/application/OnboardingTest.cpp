@@ -90,7 +90,4 @@ TEST_F(Onboarding, CountsAsShownFromItsFirstAppearanceAndIsLoggedWithConsent) {
         screen.endAppearanceTransition();
         EXPECT_EQ(events().count(u"started_tutorial"_s), 2);
     }
-    AppDelegate nextLaunch(std::make_unique<UIWindow>(), {});
-    nextLaunch.didFinishLaunchingWithOptions();
-    EXPECT_NE(qobject_cast<MainTabBarController*>(nextLaunch.window()->rootViewController()), nullptr);
 }

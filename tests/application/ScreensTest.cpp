@@ -17,8 +17,6 @@ namespace {
 
 /// A screen that writes down what happens to it.
 class Page : public UIViewController {
-    Q_OBJECT
-
 public:
     Page(const QString& name, QStringList& log) : m_log(log) { setTitle(name); }
     ~Page() override { m_log.append(title() + u".end"_s); }
@@ -212,5 +210,3 @@ TEST_F(Screens, EveryCompletionRunsOnceInAnyOrderOfEvents) {
         m_log.clear();
     }
 }
-
-#include "ScreensTest.moc"

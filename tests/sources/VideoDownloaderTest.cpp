@@ -196,16 +196,10 @@ TEST_F(Downloader, ABodyGoesIntoAHiddenFileThatOthersSpareAndThatGoesWithTheClie
 }
 
 TEST_F(Downloader, ItsBackgroundTaskOutlastsIt) {
-    struct WatchedInhibitor : Inhibitor {
-        explicit WatchedInhibitor(bool& isHeld) : m_isHeld(isHeld) {}
-        void hold() override { m_isHeld = true; }
-        void letGo() override { m_isHeld = false; }
-        bool& m_isHeld;
-    };
-    bool isHeld = false;
-    UIApplication::shared().setSleepInhibitor(std::make_unique<WatchedInhibitor>(isHeld));
+    int holds = 0;
+    UIApplication::shared().setSleepInhibitor(std::make_unique<CountingInhibitor>(holds));
     EXPECT_TRUE(download(http(u"/body/1/x.mov"_s)));
-    EXPECT_TRUE(isHeld);
+    EXPECT_EQ(holds, 1);
     UIApplication::shared().setSleepInhibitor(std::make_unique<Inhibitor>());
 }
 
