@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "linux/DesktopTest.h"
 
-#include "platform/foundation/OngoingWork.h"
 #include "platform/linux/DesktopInhibitor.h"
 #include "platform/linux/LinuxPlatform.h"
-#include "platform/uikit/UIApplication.h"
 
 #include <QDBusInterface>
 
 using namespace reelsmith;
-using std::chrono::milliseconds;
 
 /// What runs here for real; see with_desktop.
 class RealServices : public testing::Test {
@@ -81,21 +78,6 @@ TEST_F(RealServices, TheFeedbackDaemonPlaysATouch) {
                 listener, SLOT(deleteLater()));
     m_platform.haptics->impactOccurred();
     EXPECT_TRUE(runLoopUntil([&isEnded] { return isEnded; }));
-}
-
-TEST_F(RealServices, TheLoginManagerKeepsTheDeviceAwakeWhileWorkGoesOnAndAMomentBeyond) {
-    if (!QDBusConnection::systemBus().isConnected())
-        GTEST_SKIP() << "no login manager runs here: that takes root";
-    UIApplication application(std::move(m_platform.sleepInhibitor),
-                              {milliseconds(200), std::chrono::hours(3)});
-    EXPECT_EQ(inhibited(), "");
-    auto work = std::make_unique<OngoingWork>();
-    QString atExpiry;
-    application.beginBackgroundTask([&] { atExpiry = inhibited(); });
-    EXPECT_TRUE(runLoopUntil([] { return inhibited() == "sleep"; }));
-    work.reset();
-    EXPECT_TRUE(runLoopUntil([] { return inhibited().isEmpty(); }));
-    EXPECT_EQ(atExpiry, "sleep");
 }
 
 TEST_F(RealServices, TheScreenStaysOnByTheLoginManagerWhereNothingElseKeepsIt) {
