@@ -143,7 +143,11 @@ constexpr std::initializer_list<int> signalCalls = {
 /// Collects rules; after the first failure it adds no more and keeps its code.
 class FilterBuilder {
 public:
-    FilterBuilder() : m_filter(seccomp_init(SCMP_ACT_ALLOW)), m_result(m_filter ? 0 : -ENOMEM) {}
+    FilterBuilder() : m_filter(seccomp_init(SCMP_ACT_ALLOW)), m_result(m_filter ? 0 : -ENOMEM) {
+        // Nobody here has numbers of another machine's calls; the library would end the calling thread alone.
+        if (m_result == 0)
+            m_result = seccomp_attr_set(m_filter.get(), SCMP_FLTATR_ACT_BADARCH, SCMP_ACT_KILL_PROCESS);
+    }
 
     template<typename... Conditions>
     void answer(int errorNumber, int call, Conditions... conditions) {

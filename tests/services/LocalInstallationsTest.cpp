@@ -14,11 +14,12 @@ using namespace Qt::StringLiterals;
 namespace {
 
 QString token(const QTemporaryDir& folder, Installations::Refresh refresh) {
-    std::promise<QString> told;
+    // Whoever tells may not be done with it when the value is there.
+    const auto told = std::make_shared<std::promise<QString>>();
     std::make_shared<LocalInstallations>(folder.path())
         ->authTokenForcingRefresh(
-            refresh, [&told](const auto& token, const auto&) { told.set_value(token->authToken); });
-    return told.get_future().get();
+            refresh, [told](const auto& token, const auto&) { told->set_value(token->authToken); });
+    return told->get_future().get();
 }
 
 } // namespace
