@@ -67,6 +67,7 @@ TEST_F(BackgroundTasks, WorkKeepsATaskFromExpiringUntilItEnds) {
     auto work = std::make_unique<OngoingWork>();
     application->beginBackgroundTask([&] {
         EXPECT_FALSE(work);
+        EXPECT_EQ(m_holds, 1);
         m_expired.append(1);
     });
     int ticks = 0;

@@ -5,7 +5,6 @@
 #include "platform/screens/UIImagePickerCell.h"
 #include "platform/screens/UIImagePickerController.h"
 
-#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <chrono>

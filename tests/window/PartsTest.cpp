@@ -43,15 +43,9 @@ TEST(Parts, AreHeardAsWhatTheyAre) {
         QByteArray qml;
         QList<std::pair<int, bool>> heard;
     } cases[] = {
-        {"TabButton { isSelected: true }", {{QAccessible::PageTab, true}}},
         {"MenuRow {}", {{QAccessible::MenuItem, false}}},
         {"Switch { checked: true }", {{QAccessible::CheckBox, true}}},
-        {"ProgressBar {}", {{QAccessible::ProgressBar, false}}},
         {"ActionRow { label: 'a'; isInformation: true }", {{QAccessible::StaticText, false}}},
-        {"Segments { segments: [{title: 'a', note: ''}, {title: 'b', note: ''}] }",
-         {{QAccessible::Grouping, false},
-          {QAccessible::RadioButton, true},
-          {QAccessible::RadioButton, false}}},
     };
     QAccessible::setActive(true);
     for (const auto& [qml, expected] : cases) {

@@ -5,7 +5,6 @@
 #include "platform/screens/UIActivityViewController.h"
 #include "platform/screens/UIImagePickerController.h"
 #include "platform/uikit/UIAlertController.h"
-#include "platform/uikit/UIApplication.h"
 #include "sources/ConversionQualityViewController.h"
 #include "sources/URLInputViewController.h"
 
