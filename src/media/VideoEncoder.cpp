@@ -21,18 +21,21 @@ constexpr int groupSeconds = 5;
 /// From this rate factor on a preset is one that shrinks its pictures.
 constexpr double shrunkRateFactor = 24;
 
-/// Pictures above this are many enough that a long lookahead costs more memory than a phone has.
-constexpr int fullLookaheadPixels = 1920 * 1088;
+/// Pictures above this fill a phone's memory: half of what the encoder would hold of 4K is too much.
+constexpr int largePixels = 1920 * 1088;
 constexpr int longLookaheadPixels = 1280 * 720;
 
 /// What `veryfast` does, with a longer view ahead: how much later pictures build on a block saves more than a
 /// finer search. Half the usual adaptive quantisation, which spends bits on plain areas that the measure of
 /// likeness (SSIM) hardly counts: the same likeness comes out a tenth smaller. The smaller presets look less
-/// closely still: an eighth more bytes for a quarter less work.
+/// closely still: an eighth more bytes for a quarter less work. With large pictures few wait to be encoded,
+/// none is kept for others between it and the next, and all threads work on the same one.
 std::string encoderParameters(const PresetRules& rules, int pixels) {
-    const int lookahead = pixels > fullLookaheadPixels ? 8 : pixels > longLookaheadPixels ? 20 : 30;
-    return "me=hex:aq-strength=0.5:bframes=4:b-adapt=0:subme=" + std::to_string(rules.refinement) +
-           ":rc-lookahead=" + std::to_string(lookahead);
+    const std::string always =
+        "me=hex:aq-strength=0.5:bframes=4:b-adapt=0:subme=" + std::to_string(rules.refinement);
+    if (pixels > largePixels)
+        return always + ":rc-lookahead=4:sync-lookahead=0:sliced-threads=1:b-pyramid=none";
+    return always + (pixels > longLookaheadPixels ? ":rc-lookahead=20" : ":rc-lookahead=30");
 }
 
 } // namespace

@@ -11,7 +11,12 @@ namespace reelsmith::media {
 namespace {
 
 constexpr std::size_t waitingPackets = 64;
-constexpr std::size_t waitingFrames = 4;
+
+/// Large pictures take memory that a phone has not: none of them waits but the next.
+std::size_t waitingFrames(std::int64_t width, std::int64_t height) {
+    constexpr std::int64_t largePixels = 1920 * 1088;
+    return width * height > largePixels ? 1 : 4;
+}
 
 /// Threads share a decoder's work at a price. H.264 up to HD leaves some processors to the other stages,
 /// which run at the same time and have as much to do; more than four threads only cost memory.
@@ -31,7 +36,7 @@ double usableFrameRate(const Track& track) {
 
 } // namespace
 
-VideoTranscode::VideoTranscode(const ExportPlan& plan, const FrameClock::Settings& clock,
+VideoTranscode::VideoTranscode(const Track& track, const ExportPlan& plan, const FrameClock::Settings& clock,
                                ExportContext& context)
     : m_context(context),
       m_rules(rulesOf(plan.preset)),
@@ -40,8 +45,8 @@ VideoTranscode::VideoTranscode(const ExportPlan& plan, const FrameClock::Setting
       m_deinterlacer(m_clock.timeBase()),
       m_converter(plan.video.scaled.width, plan.video.scaled.height, plan.video.orientation),
       m_packets(waitingPackets),
-      m_decoded(waitingFrames),
-      m_converted(waitingFrames) {}
+      m_decoded(waitingFrames(track.width, track.height)),
+      m_converted(waitingFrames(plan.video.scaled.width, plan.video.scaled.height)) {}
 
 VideoTranscode::~VideoTranscode() {
     m_packets.abandon();
@@ -62,7 +67,7 @@ Result<std::unique_ptr<VideoTranscode>> VideoTranscode::make(const Source& sourc
         return tl::unexpected(decoder.error());
     const FrameClock::Settings clock{track.timeBase,      plan.zeroSeconds, usableFrameRate(track),
                                      plan.video.peakRate, info.hasClock,    track.lastSampleSeconds};
-    std::unique_ptr<VideoTranscode> made(new VideoTranscode(plan, clock, context));
+    std::unique_ptr<VideoTranscode> made(new VideoTranscode(track, plan, clock, context));
     made->m_decoder = std::move(*decoder);
     made->m_durationSeconds = info.durationSeconds();
     made->m_outputTrack = context.writer.reserveTrack();

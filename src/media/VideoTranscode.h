@@ -33,7 +33,8 @@ public:
     int outputTrack() const { return m_outputTrack; }
 
 private:
-    VideoTranscode(const ExportPlan& plan, const FrameClock::Settings& clock, ExportContext& context);
+    VideoTranscode(const Track& track, const ExportPlan& plan, const FrameClock::Settings& clock,
+                   ExportContext& context);
 
     void start();
     Result<void> decodeAll();
