@@ -5,7 +5,6 @@
 #include "platform/foundation/OngoingWork.h"
 #include "platform/screens/UIActivityViewController.h"
 #include "platform/uikit/UIAlertController.h"
-#include "platform/uikit/UINavigationController.h"
 #include "settings/UserSettings.h"
 
 #include <QCoreApplication>
@@ -28,8 +27,7 @@ protected:
     }
 
     VideoConversionViewController& screen() {
-        auto* stack = qobject_cast<UINavigationController*>(tabs().viewControllers().front());
-        return *qobject_cast<VideoConversionViewController*>(stack->topViewController());
+        return *qobject_cast<VideoConversionViewController*>(stack(0).topViewController());
     }
     void enterAddress(const QString& address) {
         screen().videoURLTapped();

@@ -14,7 +14,6 @@
 #include "platform/screens/UIActivityViewController.h"
 #include "platform/uikit/UIAlertController.h"
 #include "platform/uikit/UIContextMenuController.h"
-#include "platform/uikit/UINavigationController.h"
 #include "platform/uikit/UIScreen.h"
 
 using namespace reelsmith;
@@ -26,11 +25,8 @@ class LibraryScreens : public WholeApplicationTest {
 protected:
     LibraryScreens() { launch(); }
 
-    UINavigationController& stack() {
-        return *qobject_cast<UINavigationController*>(tabs().viewControllers().at(1));
-    }
     ConvertedVideosViewController& openList() {
-        auto* list = qobject_cast<ConvertedVideosViewController*>(stack().topViewController());
+        auto* list = qobject_cast<ConvertedVideosViewController*>(stack(1).topViewController());
         tabs().setSelectedIndex(1);
         list->collectionView()->setViewport(0, 350, 724);
         return *list;
@@ -38,7 +34,7 @@ protected:
     VideosViewController& openGrid() {
         auto grid = std::make_unique<VideosViewController>();
         VideosViewController* const shown = grid.get();
-        stack().setRootViewController(std::move(grid));
+        stack(1).setRootViewController(std::move(grid));
         tabs().setSelectedIndex(1);
         shown->collectionView()->setViewport(0, 390, 724);
         return *shown;
@@ -154,10 +150,10 @@ TEST_F(LibraryScreens, TheDetailHasItsToolbarInThePlaceOfTheTabBarUntilItsVideoI
     VideosViewController& grid = openGrid();
     grid.collectionView()->cell(0)->tap();
     ASSERT_TRUE(isAtHome());
-    EXPECT_EQ(stack().barTitle(), u"a"_s);
+    EXPECT_EQ(stack(1).barTitle(), u"a"_s);
     EXPECT_TRUE(tabs().isTabBarHidden());
-    EXPECT_FALSE(stack().isToolbarHidden());
-    auto* detail = qobject_cast<VideoDetailViewController*>(stack().topViewController());
+    EXPECT_FALSE(stack(1).isToolbarHidden());
+    auto* detail = qobject_cast<VideoDetailViewController*>(stack(1).topViewController());
     ASSERT_NE(detail, nullptr);
     detail->tableView()->setViewport(0, 390, 600);
     EXPECT_EQ(detail->tableView()->contentHeight(), 382);
@@ -170,8 +166,8 @@ TEST_F(LibraryScreens, TheDetailHasItsToolbarInThePlaceOfTheTabBarUntilItsVideoI
     EXPECT_EQ(info->resolutionLabel()->text(), resolutionText({1080, 1920}, QLocale::system()));
     detail->deleteTapped();
     answerDeletion(0);
-    ASSERT_TRUE(runLoopUntil([this] { return stack().isAtRoot(); }));
-    EXPECT_TRUE(stack().isToolbarHidden());
+    ASSERT_TRUE(runLoopUntil([this] { return stack(1).isAtRoot(); }));
+    EXPECT_TRUE(stack(1).isToolbarHidden());
     EXPECT_FALSE(tabs().isTabBarHidden());
     EXPECT_EQ(outputs(), QStringList());
     EXPECT_FALSE(grid.emptystateView()->isHidden());

@@ -5,7 +5,6 @@
 #include "platform/screens/MFMailComposeViewController.h"
 #include "platform/screens/PlatformServices.h"
 #include "platform/uikit/UIAlertController.h"
-#include "platform/uikit/UINavigationController.h"
 #include "settings/Endpoints.h"
 #include "settings/FeedbackViewController.h"
 #include "settings/LicencesViewController.h"
@@ -40,13 +39,10 @@ protected:
         launch();
     }
 
-    UINavigationController& stack() {
-        return *qobject_cast<UINavigationController*>(tabs().viewControllers().at(2));
-    }
     SettingsViewController& showSettings() {
         tabs().setSelectedIndex(0);
         tabs().setSelectedIndex(2);
-        return *qobject_cast<SettingsViewController*>(stack().topViewController());
+        return *qobject_cast<SettingsViewController*>(stack(2).topViewController());
     }
 
     std::shared_ptr<LinkList> m_links = std::make_shared<LinkList>();
@@ -121,8 +117,8 @@ TEST_F(SettingsScreens, AMailsEndClosesTheComposerAndIsToldWhenKnown) {
 
 TEST_F(SettingsScreens, TheLicencesHoldTheTermsOfTheApplicationWhole) {
     showSettings().licencesTapped();
-    ASSERT_TRUE(runLoopUntil([this] { return stack().topViewController()->isVisible(); }));
-    auto* licences = qobject_cast<LicencesViewController*>(stack().topViewController());
+    ASSERT_TRUE(runLoopUntil([this] { return stack(2).topViewController()->isVisible(); }));
+    auto* licences = qobject_cast<LicencesViewController*>(stack(2).topViewController());
     ASSERT_NE(licences, nullptr);
     EXPECT_TRUE(licences->licenceLabel()->text().contains(u"END OF TERMS AND CONDITIONS"_s));
 }

@@ -1,20 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "demo/Scenes.h"
 #include "fakes/ConsoleCapture.h"
 #include "fakes/InMemoryServices.h"
-#include "fakes/RunLoop.h"
 #include "fakes/ScriptedHTTPClient.h"
 
 #include "app/AppDelegate.h"
 #include "app/MainTabBarController.h"
 #include "library/FileSystem.h"
 #include "platform/uikit/UIApplication.h"
+#include "platform/uikit/UINavigationController.h"
 
 #include <QTemporaryDir>
-#include <functional>
 #include <gtest/gtest.h>
-#include <stdexcept>
 
 namespace reelsmith {
 
@@ -67,19 +66,16 @@ protected:
     MainTabBarController& tabs() {
         return *qobject_cast<MainTabBarController*>(window().rootViewController());
     }
+    UINavigationController& stack(std::size_t tab) {
+        return *qobject_cast<UINavigationController*>(tabs().viewControllers().at(tab));
+    }
     bool isIdle() { return window().presentations().isIdle(); }
     bool isAtHome();
 
-    /// The screen in front, once it is of this kind and takes input. Throws, which ends the test, if it never
-    /// is.
+    /// Throws, which ends the test, if no such screen comes to the front.
     template<typename Screen>
     Screen& await() {
-        Screen* found = nullptr;
-        const auto isInFront = [&] {
-            found = qobject_cast<Screen*>(window().frontmost());
-            return found != nullptr && isIdle() && !found->isBeingDismissed();
-        };
-        return runLoopUntil(isInFront) ? *found : throw std::runtime_error("another screen is in front");
+        return awaitInFront<Screen>(window());
     }
 
     std::shared_ptr<ScriptedHTTPClient> m_web = std::make_shared<ScriptedHTTPClient>();

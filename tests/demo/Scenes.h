@@ -18,14 +18,13 @@ class WindowApplication;
 /// the user's videos; what is in the library goes.
 const QMap<QString, void (*)(WindowApplication&)>& scenes();
 
-/// The screen in front, once it is one of this kind and no change of screens is going on. Throws if it never
-/// is.
+/// The screen in front, once it is one of this kind and takes input. Throws if it never is.
 template<typename Screen>
 Screen& awaitInFront(UIWindow& window) {
     Screen* found = nullptr;
     const auto isInFront = [&] {
         found = qobject_cast<Screen*>(window.frontmost());
-        return found != nullptr && window.presentations().isIdle();
+        return found != nullptr && window.presentations().isIdle() && !found->isBeingDismissed();
     };
     return runLoopUntil(isInFront) ? *found : throw std::runtime_error("Another screen is in front");
 }
