@@ -56,14 +56,20 @@ Screen {
             onClicked: screen.controller.localMediaFilesTapped()
         }
         Row {
+            id: cards
+
+            readonly property real wordsHeight: Math.max(files.implicitWordsHeight, webAddress.implicitWordsHeight)
+
             width: parent.width
             spacing: Theme.cardGap
             visible: !Theme.showsRows
 
             SourceCard {
+                id: files
+
                 objectName: "files"
                 width: (parent.width - parent.spacing) / 2
-                height: Math.max(implicitHeight, webAddress.implicitHeight)
+                wordsHeight: cards.wordsHeight
                 iconName: "files"
                 label: "Files"
                 note: "Any folder or drive"
@@ -76,6 +82,7 @@ Screen {
 
                 objectName: "webAddress"
                 width: (parent.width - parent.spacing) / 2
+                wordsHeight: cards.wordsHeight
                 iconName: "link"
                 label: "Web address"
                 note: "Direct video link"

@@ -7,11 +7,13 @@ Pressable {
 
     property string iconName
     property string note
+    readonly property alias implicitWordsHeight: words.implicitHeight
+    property real wordsHeight: implicitWordsHeight // room for `label` and `note`, which stand at its top
     property color tint: Theme.accent
     property color tileColor: Theme.accentSoft
 
     implicitHeight: Math.max(Theme.sourceCardHeight,
-                             tile.height + Theme.gap8 + words.implicitHeight + topPadding + bottomPadding)
+                             tile.height + Theme.gap8 + wordsHeight + topPadding + bottomPadding)
     padding: Theme.cardPadding
     radius: Theme.cardRadius
     shrinks: true
@@ -29,7 +31,7 @@ Pressable {
         Column {
             id: words
 
-            anchors.bottom: parent.bottom
+            y: parent.height - control.wordsHeight
             width: parent.width
 
             StyledText {
