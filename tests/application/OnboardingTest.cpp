@@ -62,7 +62,6 @@ TEST_F(Onboarding, ThreeTapsLeadFromTheFirstPageToTheTabBar) {
     };
     launch();
     auto& screen = await<OnboardingViewControllerV2>();
-    EXPECT_EQ(screen.playerLayer()->videoGravity(), AVPlayerLayer::VideoGravity::ResizeAspectFill);
     for (const Page& page : pages) {
         EXPECT_EQ(screen.titleLabel()->text(), page.title);
         EXPECT_EQ(screen.descriptionLabel()->text(), page.message);

@@ -29,12 +29,6 @@ TEST(Window, TwoTapsAtOnceGiveOneScreen) {
         application.settle();
         EXPECT_EQ(application.screens().presentations().screens().size(), 1U) << source;
     }
-    TestApplication application;
-    application.open(homeFile("Videos/film.avi", awaitingEnd()));
-    application.await<ConversionQualityViewController>();
-    application.tapTwice("convert");
-    application.await<ProgressViewController>();
-    EXPECT_EQ(application.screens().presentations().screens().size(), 1U);
 }
 
 TEST(Window, WhatLiesBelowACardGetsNeitherTapsNorKeys) {
