@@ -34,7 +34,9 @@ void settle() {
     static const QTemporaryDir home;
     qputenv("HOME", home.path().toUtf8());
     static int count = 0;
-    static const QCoreApplication application(count, nullptr);
+    // Never destroyed: at the end of the process what it would tell is gone already.
+    static const auto* const application = new QCoreApplication(count, nullptr);
+    Q_UNUSED(application)
     HTTPClient::setShared(std::make_shared<AskingClient>());
 }
 

@@ -74,7 +74,9 @@ void exportOnce(const Surroundings& surroundings) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static const Surroundings surroundings;
     static int count = 0;
-    static const QCoreApplication application(count, nullptr);
+    // Never destroyed: at the end of the process what it would tell is gone already.
+    static const auto* const application = new QCoreApplication(count, nullptr);
+    Q_UNUSED(application)
     const mediaworker::Descriptor source(
         ::open(filePath(surroundings.source).c_str(), O_CREAT | O_TRUNC | O_WRONLY, 0600));
     fuzz::require(::write(source.number(), data, size) == static_cast<ssize_t>(size),
