@@ -2,6 +2,7 @@
 #include "media/VideoEncoder.h"
 
 #include "media/H264Level.h"
+#include "media/Limits.h"
 
 #include <algorithm>
 #include <cmath>
@@ -21,8 +22,6 @@ constexpr int groupSeconds = 5;
 /// From this rate factor on a preset is one that shrinks its pictures.
 constexpr double shrunkRateFactor = 24;
 
-/// Pictures above this fill a phone's memory: half of what the encoder would hold of 4K is too much.
-constexpr int largePixels = 1920 * 1088;
 constexpr int longLookaheadPixels = 1280 * 720;
 
 /// What `veryfast` does, with a longer view ahead: how much later pictures build on a block saves more than a

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/VideoTranscode.h"
 
+#include "media/Limits.h"
+
 #include <algorithm>
 #include <string>
 #include <thread>
@@ -12,9 +14,8 @@ namespace {
 
 constexpr std::size_t waitingPackets = 64;
 
-/// Large pictures take memory that a phone has not: none of them waits but the next.
+/// Of large pictures none waits but the next.
 std::size_t waitingFrames(std::int64_t width, std::int64_t height) {
-    constexpr std::int64_t largePixels = 1920 * 1088;
     return width * height > largePixels ? 1 : 4;
 }
 
