@@ -22,15 +22,18 @@ void place(const std::vector<Movement>& movements, qreal way) {
 
 } // namespace
 
-void animate(std::vector<Movement> movements, std::chrono::milliseconds duration, QEasingCurve::Type curve,
-             std::function<void()> done) {
+void animate(QObject& owner, std::vector<Movement> movements, std::chrono::milliseconds duration,
+             QEasingCurve::Type curve, std::function<void()> done) {
     if (duration <= std::chrono::milliseconds::zero()) {
         place(movements, 1);
-        DispatchQueue::main().async(std::move(done));
+        DispatchQueue::main().async([owner = QPointer(&owner), done = std::move(done)] {
+            if (owner)
+                done();
+        });
         return;
     }
     place(movements, 0);
-    auto* const animation = new QVariantAnimation;
+    auto* const animation = new QVariantAnimation(&owner);
     animation->setStartValue(0.0);
     animation->setEndValue(1.0);
     animation->setDuration(static_cast<int>(duration.count()));

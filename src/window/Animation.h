@@ -18,9 +18,9 @@ struct Movement {
     qreal to;
 };
 
-/// Moves all at once and calls `done` exactly once when they have arrived, never before this has returned.
-/// Items that go meanwhile are left out. Main thread.
-void animate(std::vector<Movement> movements, std::chrono::milliseconds duration, QEasingCurve::Type curve,
-             std::function<void()> done);
+/// Moves all at once and calls `done` exactly once when they have arrived, never before this has returned,
+/// and never after `owner` has gone. Items that go meanwhile are left out. Main thread.
+void animate(QObject& owner, std::vector<Movement> movements, std::chrono::milliseconds duration,
+             QEasingCurve::Type curve, std::function<void()> done);
 
 } // namespace reelsmith

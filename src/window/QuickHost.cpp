@@ -132,7 +132,7 @@ void QuickHost::run(const Transition& transition, std::function<void()> done) {
 void QuickHost::present(UIViewController& screen, bool isAnimated, std::function<void()> done) {
     QQuickItem& shown = show(screen, *m_quickWindow.contentItem());
     refreshInput();
-    animate({{&shown, "presence", 0, 1}}, duration(&shown, "appearDuration", isAnimated),
+    animate(*this, {{&shown, "presence", 0, 1}}, duration(&shown, "appearDuration", isAnimated),
             QEasingCurve::Linear, std::move(done));
 }
 
@@ -144,7 +144,7 @@ void QuickHost::dismiss(const std::vector<UIViewController*>& screens, bool isAn
             movements.push_back({shown, "presence", shown->property("presence").toReal(), 0});
     }
     const auto time = duration(item(*screens.front()), "disappearDuration", isAnimated);
-    animate(std::move(movements), time, QEasingCurve::Linear, std::move(done));
+    animate(*this, std::move(movements), time, QEasingCurve::Linear, std::move(done));
 }
 
 void QuickHost::slide(UIViewController& moving, UIViewController& other, bool isComing, bool isAnimated,
@@ -159,7 +159,7 @@ void QuickHost::slide(UIViewController& moving, UIViewController& other, bool is
     ++m_sliding;
     const qreal begin = isComing ? 1 : 0;
     std::vector<Movement> movements{{mover, "slide", begin, 1 - begin}, {stayer, "slide", begin - 1, -begin}};
-    animate(std::move(movements), duration(mover, "appearDuration", isAnimated), QEasingCurve::Linear,
+    animate(*this, std::move(movements), duration(mover, "appearDuration", isAnimated), QEasingCurve::Linear,
             [this, stack = QPointer(other.navigationController()), done = std::move(done)] {
                 --m_sliding;
                 done();
