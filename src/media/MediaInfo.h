@@ -53,8 +53,6 @@ struct Track {
     // Audio
     int channels = 0;
     int sampleRate = 0;
-
-    bool operator==(const Track&) const = default;
 };
 
 /// What a file holds.
@@ -72,8 +70,3 @@ struct MediaInfo {
 };
 
 } // namespace reelsmith::media
-
-/// FFmpeg's rationals have no comparison of their own.
-inline bool operator==(const AVRational& left, const AVRational& right) {
-    return av_cmp_q(left, right) == 0;
-}
