@@ -13,7 +13,6 @@ Overlay {
     property alias gap: panel.gap
     default property alias rows: panel.rows
 
-
     appearDuration: dissolves ? Theme.fade : Theme.sheetUp
     disappearDuration: dissolves ? Theme.fade : Theme.sheetDown
 

@@ -25,9 +25,10 @@ public:
 
     /// An entry of a folder. Its URL costs more than finding it, and is made when asked for.
     struct Entry {
-        std::string path; ///< absolute, in the file system's bytes
-        std::optional<Date>
-            modified; ///< when it was last written to, where that was asked for and can be found out
+        /// Absolute, in the file system's bytes.
+        std::string path;
+        /// When it was last written to, where that was asked for and can be found out.
+        std::optional<Date> modified;
 
         QUrl url() const;
     };
