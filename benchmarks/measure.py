@@ -21,6 +21,10 @@ class Cost:
     memory: int  # bytes: the sum of each process's own peak, never less than the tree's
     output: str  # what it printed
 
+    def share(self, count):
+        """One of `count` equal parts of the time."""
+        return Cost(self.wall / count, self.cpu / count, self.memory, self.output)
+
 
 def adopt_orphans():
     """From here on, processes that outlive their parent are children of this one, so that their cost is not lost."""

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What one process that is already started asks of the media service:
-//   media_bench picture FILE COUNT        the first picture, COUNT times
+//   media_bench picture COUNT FILE        the first picture, COUNT times
 //   media_bench properties COUNT FILE…    duration and resolution of the first COUNT files
-//   media_bench passthrough FILE COUNT    an export that copies, COUNT times
-//   media_bench cancel FILE COUNT         exports, each cancelled a little later than the one before: prints,
-//   in
-//                                         seconds, when the first one told of progress, then how long each
-//                                         cancel took
+//   media_bench passthrough COUNT FILE    an export that copies, COUNT times
+//   media_bench cancel COUNT FILE         exports, each cancelled a little later than the one before
+// The last prints seconds: when the first export told of progress, then how long each cancel took.
 #include "platform/avfoundation/AVAssetExportSession.h"
 #include "platform/avfoundation/AVAssetImageGenerator.h"
 #include "platform/foundation/DocumentsFolder.h"
@@ -76,7 +74,7 @@ double finish(AVAssetExportSession& session) {
 double firstProgress(const AVAssetExportSession& session) {
     QElapsedTimer timer;
     timer.start();
-    while (session.progress() == 0 && session.status() == AVAssetExportSessionStatus::Exporting)
+    while (session.progress() == 0 && session.status() < AVAssetExportSessionStatus::Completed)
         QThread::usleep(static_cast<unsigned long>(look.count()));
     return seconds(timer);
 }
@@ -108,15 +106,17 @@ int main(int argc, char** argv) {
     if (arguments.size() < 4)
         return 2;
     const QString& job = arguments[1];
+    const int count = arguments[2].toInt();
+    const QString& file = arguments[3];
     if (job == QLatin1String("properties")) {
-        readProperties(arguments.mid(3, arguments[2].toInt()));
+        readProperties(arguments.mid(3, count));
     } else if (job == QLatin1String("picture")) {
-        takePictures(arguments[2], arguments[3].toInt());
+        takePictures(file, count);
     } else if (job == QLatin1String("passthrough")) {
-        for (int count = arguments[3].toInt(); count > 0; --count)
-            finish(*startExport(arguments[2], AVAssetExportPresetPassthrough));
+        for (int number = 0; number < count; ++number)
+            finish(*startExport(file, AVAssetExportPresetPassthrough));
     } else if (job == QLatin1String("cancel")) {
-        cancelExports(arguments[2], arguments[3].toInt());
+        cancelExports(file, count);
     } else {
         return 2;
     }
