@@ -27,13 +27,17 @@ constexpr int longLookaheadPixels = 1280 * 720;
 /// What `veryfast` does, with a longer view ahead: how much later pictures build on a block saves more than a
 /// finer search. Half the usual adaptive quantisation, which spends bits on plain areas that the measure of
 /// likeness (SSIM) hardly counts: the same likeness comes out a tenth smaller. The smaller presets look less
-/// closely still: an eighth more bytes for a quarter less work. With large pictures few wait to be encoded,
-/// none is kept for others between it and the next, and all threads work on the same one.
-std::string encoderParameters(const PresetRules& rules, int pixels) {
+/// closely still: an eighth more bytes for a quarter less work. To spare memory fewer pictures wait to be
+/// encoded and all threads work on the same one; of large pictures none is kept for others between it and the
+/// next either.
+std::string encoderParameters(const VideoEncoder::Settings& settings, int pixels) {
     const std::string always =
-        "me=hex:aq-strength=0.5:bframes=4:b-adapt=0:subme=" + std::to_string(rules.refinement);
+        "me=hex:aq-strength=0.5:bframes=4:b-adapt=0:subme=" + std::to_string(settings.rules.refinement);
+    const std::string sparing = ":sync-lookahead=0:sliced-threads=1";
     if (pixels > largePixels)
-        return always + ":rc-lookahead=4:sync-lookahead=0:sliced-threads=1:b-pyramid=none";
+        return always + sparing + ":rc-lookahead=4:b-pyramid=none";
+    if (settings.sparesMemory)
+        return always + sparing + ":rc-lookahead=12";
     return always + (pixels > longLookaheadPixels ? ":rc-lookahead=20" : ":rc-lookahead=30");
 }
 
@@ -70,7 +74,7 @@ Result<std::unique_ptr<VideoEncoder>> VideoEncoder::open(const AVFrame& first, c
     av_opt_set(context->priv_data, "profile", "high", 0);
     av_opt_set_double(context->priv_data, "crf", settings.rules.rateFactor, 0);
     av_opt_set(context->priv_data, "x264-params",
-               encoderParameters(settings.rules, first.width * first.height).c_str(), 0);
+               encoderParameters(settings, first.width * first.height).c_str(), 0);
     if (const int result = avcodec_open2(context.get(), codec, nullptr); result < 0)
         return ffmpegFailure(ErrorCode::Internal, "The H.264 encoder refuses", result);
     return std::unique_ptr<VideoEncoder>(new VideoEncoder(std::move(context)));

@@ -17,7 +17,8 @@ public:
     struct Settings {
         PresetRules rules;
         AVRational timeBase{1, 90'000};
-        double frameRate = 30; ///< expected mean, for the level and the rate control
+        double frameRate = 30;     ///< expected mean, for the level and the rate control
+        bool sparesMemory = false; ///< for a little more size
     };
 
     /// `first` gives size and colours; every frame after it must have the same.

@@ -14,9 +14,13 @@ namespace {
 
 constexpr std::size_t waitingPackets = 64;
 
+bool isLarge(const Track& track) {
+    return std::int64_t{track.width} * track.height > largePixels;
+}
+
 /// Of large pictures none waits but the next.
-std::size_t waitingFrames(std::int64_t width, std::int64_t height) {
-    return width * height > largePixels ? 1 : 4;
+std::size_t waitingFrames(const Track& track) {
+    return isLarge(track) ? 1 : 4;
 }
 
 /// Threads share a decoder's work at a price. H.264 up to HD leaves some processors to the other stages,
@@ -42,12 +46,13 @@ VideoTranscode::VideoTranscode(const Track& track, const ExportPlan& plan, const
     : m_context(context),
       m_rules(rulesOf(plan.preset)),
       m_frameRate(clock.frameRate),
+      m_sparesMemory(isLarge(track)),
       m_clock(clock),
       m_deinterlacer(m_clock.timeBase()),
       m_converter(plan.video.scaled.width, plan.video.scaled.height, plan.video.orientation),
       m_packets(waitingPackets),
-      m_decoded(waitingFrames(track.width, track.height)),
-      m_converted(waitingFrames(plan.video.scaled.width, plan.video.scaled.height)) {}
+      m_decoded(waitingFrames(track)),
+      m_converted(waitingFrames(track)) {}
 
 VideoTranscode::~VideoTranscode() {
     m_packets.abandon();
@@ -158,7 +163,7 @@ Result<void> VideoTranscode::convertOne(FrameHandle frame) {
 }
 
 Result<void> VideoTranscode::openEncoder(const AVFrame& first) {
-    auto encoder = VideoEncoder::open(first, {m_rules, m_clock.timeBase(), m_frameRate});
+    auto encoder = VideoEncoder::open(first, {m_rules, m_clock.timeBase(), m_frameRate, m_sparesMemory});
     if (!encoder)
         return tl::unexpected(encoder.error());
     m_encoder = std::move(*encoder);

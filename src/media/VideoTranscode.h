@@ -46,6 +46,7 @@ private:
     ExportContext& m_context;
     PresetRules m_rules;
     double m_frameRate;
+    bool m_sparesMemory;
     double m_durationSeconds = 0;
     int m_outputTrack = 0;
     std::unique_ptr<Decoder> m_decoder;
