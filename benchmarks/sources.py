@@ -24,9 +24,16 @@ class Sources:
 
     def pq_4k(self):
         """Three seconds of HDR10 whose white is 600 nits, 40 Mb/s."""
+        return self._pq_4k("pq_4k.mp4", 3)
+
+    def clean_pq_4k(self):
+        """The same without the noise, of which each encoder leaves out another part."""
+        return self._pq_4k("clean_pq_4k.mp4", 0)
+
+    def _pq_4k(self, name, noise):
         tags = "colorprim=bt2020:transfer=smpte2084:colormatrix=bt2020nc:range=limited:hdr10=1:max-cll=1000,400"
         light = "zscale=tin=709:min=709:pin=709:rin=tv:t=smpte2084:m=2020_ncl:p=2020:r=tv:npl=600,format=yuv420p10le"
-        return self._made("pq_4k.mp4", *self._pictures("3840x2160", 3, 3), *self._sound(3),
+        return self._made(name, *self._pictures("3840x2160", 3, noise), *self._sound(3),
                           "-vf", light, "-c:v", "libx265", "-preset", "superfast", "-b:v", "40M", "-tag:v", "hvc1",
                           "-x265-params", f"log-level=error:pools=2:frame-threads=2:{tags}", "-colorspace", "bt2020nc",
                           "-color_primaries", "bt2020", "-color_trc", "smpte2084", "-c:a", "aac", "-b:a", "192k")
