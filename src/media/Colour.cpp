@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/Colour.h"
 
+#include <cstring>
+
 extern "C" {
 #include <libavutil/pixdesc.h>
 }
@@ -63,7 +65,35 @@ ColourTags sourceTags(const AVFrame& frame) {
     return tags;
 }
 
+template<typename Property>
+void dropUnnamed(Property& property, int count, Property unspecified) {
+    int number = 0;
+    static_assert(sizeof property == sizeof number);
+    std::memcpy(&number, &property, sizeof number);
+    if (number < 0 || number >= count)
+        property = unspecified;
+}
+
+void dropUnnamed(AVColorRange& range, AVColorPrimaries& primaries, AVColorTransferCharacteristic& transfer,
+                 AVColorSpace& matrix, AVChromaLocation& chroma) {
+    dropUnnamed(range, AVCOL_RANGE_NB, AVCOL_RANGE_UNSPECIFIED);
+    dropUnnamed(primaries, AVCOL_PRI_NB, AVCOL_PRI_UNSPECIFIED);
+    dropUnnamed(transfer, AVCOL_TRC_NB, AVCOL_TRC_UNSPECIFIED);
+    dropUnnamed(matrix, AVCOL_SPC_NB, AVCOL_SPC_UNSPECIFIED);
+    dropUnnamed(chroma, AVCHROMA_LOC_NB, AVCHROMA_LOC_UNSPECIFIED);
+}
+
 } // namespace
+
+void dropUnnamedColours(AVCodecParameters& track) {
+    dropUnnamed(track.color_range, track.color_primaries, track.color_trc, track.color_space,
+                track.chroma_location);
+}
+
+void dropUnnamedColours(AVFrame& frame) {
+    dropUnnamed(frame.color_range, frame.color_primaries, frame.color_trc, frame.colorspace,
+                frame.chroma_location);
+}
 
 ColourPlan planColour(const AVFrame& frame) {
     ColourPlan plan;

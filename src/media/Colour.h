@@ -2,6 +2,7 @@
 #pragma once
 
 extern "C" {
+#include <libavcodec/codec_par.h>
 #include <libavutil/frame.h>
 #include <libavutil/pixfmt.h>
 }
@@ -24,6 +25,11 @@ struct ColourPlan {
     bool needsToneMapping = false;
     bool operator==(const ColourPlan&) const = default;
 };
+
+/// Some containers and decoders hand on whatever numbers they find. One that FFmpeg has no name for means
+/// nothing, and has no place in an enumeration of C++: it becomes "unspecified".
+void dropUnnamedColours(AVCodecParameters& track);
+void dropUnnamedColours(AVFrame& frame);
 
 /// Standard-definition and HD colours are kept as they are and tagged; PQ, HLG and wide gamut become BT.709.
 ColourPlan planColour(const AVFrame& frame);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/Decoder.h"
 
+#include "media/Colour.h"
 #include "media/Limits.h"
 
 #include <algorithm>
@@ -60,6 +61,7 @@ Result<bool> Decoder::drain(const std::function<bool(FrameHandle)>& take) {
             continue;
         }
         errors = 0;
+        dropUnnamedColours(*frame);
         if (!take(std::move(frame)))
             return false;
     }

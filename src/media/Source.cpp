@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/Source.h"
 
+#include "media/Colour.h"
 #include "media/FirstPicture.h"
 #include "media/Limits.h"
 #include "media/MovieHeader.h"
@@ -66,25 +67,6 @@ bool isOpaque(const AVCodecParameters* codec) {
     }
 }
 
-template<typename Property>
-void dropUnknown(Property& property, int count, Property unspecified) {
-    int number = 0;
-    static_assert(sizeof property == sizeof number);
-    std::memcpy(&number, &property, sizeof number);
-    if (number < 0 || number >= count)
-        property = unspecified;
-}
-
-/// Some containers hand on whatever number they find. One that FFmpeg has no name for means nothing, and has
-/// no place in an enumeration of C++.
-void dropUnknownColours(AVCodecParameters& codec) {
-    dropUnknown(codec.color_range, AVCOL_RANGE_NB, AVCOL_RANGE_UNSPECIFIED);
-    dropUnknown(codec.color_primaries, AVCOL_PRI_NB, AVCOL_PRI_UNSPECIFIED);
-    dropUnknown(codec.color_trc, AVCOL_TRC_NB, AVCOL_TRC_UNSPECIFIED);
-    dropUnknown(codec.color_space, AVCOL_SPC_NB, AVCOL_SPC_UNSPECIFIED);
-    dropUnknown(codec.chroma_location, AVCHROMA_LOC_NB, AVCHROMA_LOC_UNSPECIFIED);
-}
-
 /// How long an MP4 file's sample lasts until the next one of its track or the track's end; 0 when unknown.
 std::int64_t durationOf(const AVPacket& packet, AVStream* track) {
     const int at = av_index_search_timestamp(track, packet.dts, AVSEEK_FLAG_ANY | AVSEEK_FLAG_BACKWARD);
@@ -123,6 +105,8 @@ Result<std::unique_ptr<Source>> Source::open(int descriptor, Detail detail) {
     const bool isPassed = detail == Detail::Passed;
     if (auto found = isPassed ? source->preparePassing() : source->findTracks(detail); !found)
         return tl::unexpected(found.error());
+    for (unsigned i = 0; i < source->m_context->nb_streams; ++i)
+        dropUnnamedColours(*source->m_context->streams[i]->codecpar);
     return source;
 }
 
@@ -133,8 +117,6 @@ Result<void> Source::openContainer() {
     av_dict_free(&options);
     if (result < 0)
         return ffmpegFailure(ErrorCode::InvalidSource, "The file is not a video file", result);
-    for (unsigned i = 0; i < m_context->nb_streams; ++i)
-        dropUnknownColours(*m_context->streams[i]->codecpar);
     return {};
 }
 
