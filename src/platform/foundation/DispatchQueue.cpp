@@ -4,7 +4,12 @@
 #include "platform/foundation/ThreadPool.h"
 
 #include <QCoreApplication>
+#include <QEvent>
 #include <algorithm>
+#include <atomic>
+#include <deque>
+#include <memory>
+#include <mutex>
 #include <utility>
 
 namespace reelsmith {
@@ -15,9 +20,39 @@ namespace {
 // export.
 constexpr std::size_t leastThreadCount = 16;
 
+/// Only the application's thread runs work and lets go of it, so that what it holds goes there too. (Of a
+/// queued call both threads have a share, and the one that is later to drop its own destroys it.)
+class MainQueue : public QObject {
+public:
+    void post(DispatchQueue::Work work) {
+        auto call = std::make_unique<QEvent>(QEvent::User);
+        {
+            const std::lock_guard lock(m_mutex);
+            m_waiting.push_back(std::move(work));
+        }
+        QCoreApplication::postEvent(this, call.release());
+    }
+
+protected:
+    void customEvent(QEvent*) override { takeFirst()(); }
+
+private:
+    DispatchQueue::Work takeFirst() {
+        const std::lock_guard lock(m_mutex);
+        DispatchQueue::Work first = std::move(m_waiting.front());
+        m_waiting.pop_front();
+        return first;
+    }
+
+    std::mutex m_mutex;
+    std::deque<DispatchQueue::Work> m_waiting;
+};
+
+std::atomic<MainQueue*> mainQueue;
+
 void postToMain(DispatchQueue::Work work) {
-    if (QCoreApplication* application = QCoreApplication::instance())
-        QMetaObject::invokeMethod(application, std::move(work), Qt::QueuedConnection);
+    if (MainQueue* queue = mainQueue)
+        queue->post(std::move(work));
 }
 
 ThreadPool& globalPool() {
@@ -25,11 +60,14 @@ ThreadPool& globalPool() {
     return pool;
 }
 
-// What is registered first comes last: whoever the work waits for has been told that the application ends.
-void waitForTheGlobalQueuesAtTheEnd() {
+void live() {
+    mainQueue = new MainQueue;
+    // What is registered first comes last: whoever the work waits for has been told that the application
+    // ends.
+    qAddPostRoutine([] { delete mainQueue.exchange(nullptr); });
     qAddPostRoutine([] { globalPool().waitForDone(); });
 }
-Q_COREAPP_STARTUP_FUNCTION(waitForTheGlobalQueuesAtTheEnd)
+Q_COREAPP_STARTUP_FUNCTION(live)
 
 void postToGlobal(DispatchQueue::Work work) {
     if (!globalPool().start(work))
