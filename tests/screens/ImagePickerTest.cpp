@@ -86,7 +86,7 @@ TEST_F(RealWorker, ATileShowsItsMovieUprightInItsColoursAndATapPicksIt) {
     EXPECT_TRUE(picker.isFullScreen());
     UIImagePickerCell* tile = cell(picker, 0);
     ASSERT_NE(tile, nullptr);
-    EXPECT_TRUE(runLoopUntil([tile] { return !tile->thumbnailImageView()->image().isEmpty(); }));
+    ASSERT_TRUE(runLoopUntil([tile] { return !tile->thumbnailImageView()->image().isEmpty(); }));
     const CGImage picture = tile->thumbnailImageView()->image().cgImage();
     EXPECT_NEAR(picture.width * 4, picture.height * 3, 4);
     for (const qsizetype pixel : {qsizetype{0}, picture.pixels.size() - 4}) {
