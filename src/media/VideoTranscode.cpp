@@ -153,11 +153,11 @@ Result<void> VideoTranscode::convertAll() {
 Result<void> VideoTranscode::convertOne(FrameHandle frame) {
     if (!m_clock.keep(*frame))
         return {};
-    if (m_durationSeconds > 0)
-        m_context.report(static_cast<double>(frame->pts) * av_q2d(m_clock.timeBase()) / m_durationSeconds);
     auto converted = m_converter.convert(std::move(frame));
     if (!converted)
         return tl::unexpected(converted.error());
+    if (m_durationSeconds > 0)
+        m_context.report(static_cast<double>(m_end) * av_q2d(m_clock.timeBase()) / m_durationSeconds);
     m_converted.push(std::move(*converted));
     return {};
 }
