@@ -18,6 +18,9 @@ namespace reelsmith::media {
 
 namespace {
 
+/// The progress of having opened everything: the first large picture can take a second.
+constexpr double begun = 1e-4;
+
 /// One export, from the opened source to the finished file.
 class Exporter {
 public:
@@ -55,6 +58,7 @@ Result<std::string> Exporter::run() {
     annotate();
     if (auto made = makeSinks(); !made)
         return tl::unexpected(made.error());
+    m_context.report(begun);
     readAll();
     for (auto& [track, sink] : m_sinks)
         sink->end();
