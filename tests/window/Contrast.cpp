@@ -116,6 +116,9 @@ std::vector<std::string> faintMarks(QQuickWindow& window, QQuickItem& screen, bo
     const std::vector<Mark> all = marks(screen);
     const QImage below = ground(window, all);
     for (const Mark& mark : all) {
+        // A picture that has just come takes the place of its stand-in while the window is drawn.
+        if (!mark.item->isVisible())
+            continue;
         if (const double least = leastContrast(mark, below); least < neededContrast(*mark.item, isHigh))
             faint.push_back(description(*mark.item) + " has a contrast of " + std::to_string(least));
     }
