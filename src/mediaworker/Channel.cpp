@@ -115,9 +115,10 @@ Channel::Status Channel::receive(Letter& letter, Timeout timeout) {
     do {
         size = ::recvmsg(m_socket.number(), &header, MSG_CMSG_CLOEXEC);
     } while (size < 0 && errno == EINTR);
-    if (size <= 0)
+    if (size < 0)
         return Status::Closed;
 
+    // Even a message of no bytes may bring some.
     letter.descriptors = takeDescriptors(header);
     auto message = decode(bytes.data(), static_cast<std::size_t>(size));
     if (!message || (header.msg_flags & (MSG_TRUNC | MSG_CTRUNC)))
