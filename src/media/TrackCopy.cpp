@@ -3,11 +3,14 @@
 
 #include <cmath>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace reelsmith::media {
 
 namespace {
+
+const char* const parametersFilter = "extract_extradata";
 
 /// What brings a codec's packets into the form that MP4 keeps them in; null where they are.
 const char* filterFor(const AVStream* stream) {
@@ -18,10 +21,25 @@ const char* filterFor(const AVStream* stream) {
         return "mpeg4_unpack_bframes";
     case AV_CODEC_ID_H264:
     case AV_CODEC_ID_HEVC:
-        return stream->codecpar->extradata_size == 0 ? "extract_extradata" : nullptr;
+        return stream->codecpar->extradata_size == 0 ? parametersFilter : nullptr;
     default:
         return nullptr;
     }
+}
+
+// In a configuration as MP4 has it, whose version is 1, or in a byte stream, which begins with 00 00 01 or
+// 00 00 00 01. From anything else the muxer makes an empty configuration.
+bool areParameters(const AVCodecParameters* codec) {
+    if (codec->codec_id != AV_CODEC_ID_H264 && codec->codec_id != AV_CODEC_ID_HEVC)
+        return true;
+    const std::string_view bytes(reinterpret_cast<const char*>(codec->extradata),
+                                 static_cast<std::size_t>(codec->extradata_size));
+    return bytes.starts_with('\1') || bytes.starts_with(std::string_view("\0\0\1", 3)) ||
+           bytes.starts_with(std::string_view("\0\0\0\1", 4));
+}
+
+Error lackOfParameters() {
+    return {ErrorCode::InvalidSource, "The video does not say how its pictures are made"};
 }
 
 } // namespace
@@ -36,6 +54,8 @@ Result<std::unique_ptr<TrackCopy>> TrackCopy::make(const Source& source, const T
                                                    double zeroSeconds, ExportContext& context) {
     std::unique_ptr<TrackCopy> made(new TrackCopy(track, zeroSeconds, context));
     const AVStream* stream = source.track(track.index);
+    if (stream->codecpar->extradata_size > 0 && !areParameters(stream->codecpar))
+        return tl::unexpected(lackOfParameters());
     if (auto opened = made->openFilter(stream); !opened)
         return tl::unexpected(opened.error());
     if (auto described = made->describe(stream, track); !described)
@@ -47,6 +67,7 @@ Result<void> TrackCopy::openFilter(const AVStream* stream) {
     const char* name = filterFor(stream);
     if (!name)
         return {};
+    m_lacksParameters = name == parametersFilter;
     AVBSFContext* context = nullptr;
     if (av_bsf_alloc(av_bsf_get_by_name(name), &context) < 0)
         return failure(ErrorCode::OutOfMemory, "Out of memory");
@@ -99,6 +120,9 @@ void TrackCopy::take(PacketHandle packet) {
 void TrackCopy::end() {
     if (auto passed = pass(nullptr); !passed)
         m_context.latch.fail(passed.error());
+    // No player opens a file without them.
+    if (m_lacksParameters)
+        m_context.latch.fail(lackOfParameters());
     if (m_damagedCount > 0)
         m_context.warn(std::to_string(m_damagedCount) + " damaged pieces left out of a copied track");
 }
@@ -119,6 +143,8 @@ Result<void> TrackCopy::pass(AVPacket* packet) {
             return {};
         if (result < 0)
             break;
+        if (av_packet_get_side_data(filtered.get(), AV_PKT_DATA_NEW_EXTRADATA, nullptr))
+            m_lacksParameters = false;
         // It need no longer be what stands in the source.
         filtered->pos = -1;
         if (auto written = m_context.writer.write(m_outputTrack, std::move(filtered)); !written)

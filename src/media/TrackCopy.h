@@ -35,7 +35,8 @@ private:
     std::int64_t m_zero;
     bool m_isVideo;
     bool m_hasKeyFrame = false;
-    long m_damagedCount = 0; ///< packets that the filter refused
+    bool m_lacksParameters = false; ///< of its pictures: they come among the packets, and have not yet
+    long m_damagedCount = 0;        ///< packets that the filter refused
     int m_outputTrack = 0;
     BitstreamFilterHandle m_filter; ///< null where packets need none
 };
