@@ -168,7 +168,7 @@ reelsmith convert SOURCE...       convert files, one after another; a SOURCE tha
     -q, --quality QUALITY         low, medium (the default) or high
     -n, --name NAME               name of the result, without ending; for one SOURCE only
     --json                        tell what happens on standard output, one JSON object a line
-    -v, --verbose                 show the log on standard error
+    -v, --verbose                 show the log, not the progress, on standard error
 reelsmith list [--json]           name, duration and resolution of each converted file
 reelsmith --help | --version
 

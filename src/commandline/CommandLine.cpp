@@ -9,6 +9,7 @@
 #include "commandline/StandardStreams.h"
 #include "library/FileSystem.h"
 #include "platform/foundation/OwnPrograms.h"
+#include "platform/linux/bus/DesktopInhibitor.h"
 #include "platform/linux/network/NetworkHTTPClient.h"
 #include "platform/linux/network/NetworkServices.h"
 #include "remote/ABTestManager.h"
@@ -40,10 +41,14 @@ int convert(const Arguments& arguments) {
     HTTPClient::setShared(std::make_shared<NetworkHTTPClient>());
     ConvertCommand command(arguments, ConversionReport(format, hasProgressLine));
     const InterruptSignals interrupt([&command] { command.interrupt(); });
+    // After the signals were taken: the bus has a thread of its own.
+    UIApplication::shared().setSleepInhibitor(std::make_unique<DesktopInhibitor>(
+        std::vector{loginManagerLease(QDBusConnection::systemBus(), QStringLiteral("sleep"))}));
     command.start();
     const int status = QCoreApplication::exec();
     // What an interrupt has left on its way goes while there is an application object.
     HTTPClient::setShared(nullptr);
+    UIApplication::shared().setSleepInhibitor(std::make_unique<Inhibitor>());
     return status;
 }
 

@@ -77,7 +77,8 @@ void ConversionReport::failed(const QString& reason, const QString& cause) {
     m_line.clear();
     printErrorLine(reason);
     if (!cause.isEmpty())
-        printErrorLine(cause);
+        printErrorLine(m_conversion.value(QStringLiteral("source")).toString() + QStringLiteral(": ") +
+                       cause);
     printEvent(QStringLiteral("failed"), {{QStringLiteral("reason"), reason}});
 }
 

@@ -12,6 +12,9 @@ InterruptSignals::InterruptSignals(std::function<void()> handler) : m_handler(st
     sigemptyset(&set);
     sigaddset(&set, SIGINT);
     sigaddset(&set, SIGTERM);
+    struct sigaction hangup {};
+    if (::sigaction(SIGHUP, nullptr, &hangup) == 0 && hangup.sa_handler != SIG_IGN)
+        sigaddset(&set, SIGHUP);
     // Threads made from now on inherit the mask, so the signals come by this descriptor only.
     ::pthread_sigmask(SIG_BLOCK, &set, nullptr);
     m_descriptor = ::signalfd(-1, &set, SFD_CLOEXEC | SFD_NONBLOCK);

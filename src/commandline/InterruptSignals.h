@@ -7,8 +7,9 @@
 
 namespace reelsmith {
 
-/// Turns the signals that ask a program to end (SIGINT, SIGTERM) into a call on the event loop. Make it on
-/// the main thread, before there are other threads.
+/// Turns the signals that ask a program to end (SIGINT, SIGTERM and, unless it was started to outlive its
+/// terminal, SIGHUP) into a call on the event loop. Make it on the main thread, before there are other
+/// threads.
 class InterruptSignals {
 public:
     explicit InterruptSignals(std::function<void()> handler);

@@ -7,7 +7,7 @@
 namespace reelsmith {
 
 /// How far a conversion or a download has come, on one line of a terminal (standard error) that is written
-/// over and over.
+/// over and over, cut to the terminal's width.
 class ProgressLine {
 public:
     /// Starts the clock anew.
@@ -23,7 +23,7 @@ public:
 
     /// "42 %  1:05 left  NAME": what is left if all goes on at the pace so far; nothing said of it at the
     /// very start.
-    static QString text(const QString& name, double fraction, std::chrono::seconds elapsed);
+    static QString text(const QString& name, double fraction, std::chrono::milliseconds elapsed);
 
 private:
     void write(const QString& text);

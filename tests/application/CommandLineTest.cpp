@@ -34,8 +34,11 @@ TEST_F(CommandLine, CommandsOptionsAndSourcesAreTakenInAnyOrder) {
 }
 
 TEST(ProgressLine, ShowsWhatIsLeftAtThePaceSoFar) {
+    using std::chrono::milliseconds;
     using std::chrono::seconds;
     EXPECT_EQ(ProgressLine::text(u"a.mp4"_s, 0, seconds(0)), u"  0 %  a.mp4"_s);
+    EXPECT_EQ(ProgressLine::text(u"a.mp4"_s, 0.4, milliseconds(900)), u" 40 %  a.mp4"_s);
+    EXPECT_EQ(ProgressLine::text(u"a.mp4"_s, 0.1, milliseconds(1900)), u" 10 %  0:17 left  a.mp4"_s);
     EXPECT_EQ(ProgressLine::text(u"a.mp4"_s, 0.5, seconds(65)), u" 50 %  1:05 left  a.mp4"_s);
     EXPECT_EQ(ProgressLine::text(u"a.mp4"_s, 0.999, seconds(10)), u" 99 %  0:00 left  a.mp4"_s);
     EXPECT_EQ(ProgressLine::text(u"a.mp4"_s, 0.1, seconds(420)), u" 10 %  1:03:00 left  a.mp4"_s);

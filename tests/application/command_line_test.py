@@ -114,10 +114,11 @@ class CommandLine(unittest.TestCase):
         shown = self.run_to_end("convert", "-v", SOURCES / "clip.mov")[2]
         self.assertEqual(shown, ["Compatible experiments: |3|", "Passthrough enabled: false", "Playable: true",
                                  "Exportable: true", "ENDED"])
-        cause = self.run_to_end("convert", SOURCES / "text.mp4")[2][1]
+        told = self.run_to_end("convert", SOURCES / "text.mp4")[2][1]
+        name, cause = told.split(": ", 1)
         log = (self.home / ".local/state/reelsmith/reelsmith.log").read_text().splitlines()
         texts = [line.split(" ", 2)[2] for line in log]
-        self.assertEqual((texts[:5], texts[-2:]), (shown, ["FAILED", cause]))
+        self.assertEqual((name, texts[:5], texts[-2:]), (str(SOURCES / "text.mp4"), shown, ["FAILED", cause]))
 
     def test_programs_are_told_by_events(self):
         status, out, _ = self.run_to_end("convert", "--json", "-n", "x", SOURCES / "clip.mov")
@@ -224,7 +225,7 @@ class CommandLine(unittest.TestCase):
                           ("download_success", False), ("converted_success", False)])
 
     def test_an_interrupt_at_any_time_ends_with_130_and_leaves_nothing(self):
-        for number in (signal.SIGINT, signal.SIGTERM):
+        for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
             self.interrupt(self.start_and_wait_for_progress(SOURCES / "long.mkv"), number)
         loading = self.start("convert", "--json", self.address("half", 1000, "waiting.mov"))
         next(line for line in loading.stdout if json.loads(line).get("fraction") == 0.5)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "linux/DesktopTest.h"
 
-#include "platform/linux/DesktopInhibitor.h"
+#include "platform/linux/bus/DesktopInhibitor.h"
 
 #include <QDBusObjectPath>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "linux/DesktopTest.h"
 
-#include "platform/linux/DesktopInhibitor.h"
 #include "platform/linux/LinuxPlatform.h"
+#include "platform/linux/bus/DesktopInhibitor.h"
 
 #include <QDBusInterface>
 

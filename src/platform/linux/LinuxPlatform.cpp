@@ -2,7 +2,6 @@
 #include "platform/linux/LinuxPlatform.h"
 
 #include "platform/linux/AppStreamPage.h"
-#include "platform/linux/DesktopInhibitor.h"
 #include "platform/linux/FeedbackHaptics.h"
 #include "platform/linux/PortalAppearance.h"
 #include "platform/linux/PortalDocumentChooser.h"
@@ -10,6 +9,7 @@
 #include "platform/linux/PortalMailDrafts.h"
 #include "platform/linux/PortalNotifications.h"
 #include "platform/linux/ShellKeyboard.h"
+#include "platform/linux/bus/DesktopInhibitor.h"
 #include "platform/linux/mpris/MprisNowPlaying.h"
 #include "platform/linux/sharing/DesktopFileSharing.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/PortalAppearance.h"
 
-#include "platform/linux/BusCall.h"
-#include "platform/linux/PortalRequest.h"
+#include "platform/linux/bus/BusCall.h"
+#include "platform/linux/bus/PortalRequest.h"
 
 #include <QDBusArgument>
 #include <QMap>

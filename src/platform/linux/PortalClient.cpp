@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/PortalClient.h"
 
-#include "platform/linux/BusServices.h"
+#include "platform/linux/bus/BusServices.h"
 
 #include <utility>
 

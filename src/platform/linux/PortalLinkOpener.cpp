@@ -2,7 +2,7 @@
 #include "platform/linux/PortalLinkOpener.h"
 
 #include "platform/linux/MimeHandlers.h"
-#include "platform/linux/PortalRequest.h"
+#include "platform/linux/bus/PortalRequest.h"
 
 #include <QDesktopServices>
 #include <utility>

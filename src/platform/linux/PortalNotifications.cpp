@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/PortalNotifications.h"
 
-#include "platform/linux/PortalRequest.h"
+#include "platform/linux/bus/PortalRequest.h"
 
 #include <QVariantMap>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/linux/BusCall.h"
+#include "platform/linux/bus/BusCall.h"
 
 #include <QCoreApplication>
 #include <QDBusPendingCallWatcher>

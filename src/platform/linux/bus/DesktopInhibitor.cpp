@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/linux/DesktopInhibitor.h"
+#include "platform/linux/bus/DesktopInhibitor.h"
 
 namespace reelsmith {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/linux/InhibitionLease.h"
+#include "platform/linux/bus/InhibitionLease.h"
 #include "platform/uikit/Inhibitor.h"
 
 #include <cstddef>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/linux/PortalRequest.h"
+#include "platform/linux/bus/PortalRequest.h"
 
-#include "platform/linux/BusCall.h"
+#include "platform/linux/bus/BusCall.h"
 
 #include <QDBusServiceWatcher>
 #include <utility>

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/multimedia/MultimediaPlayback.h"
 
+#include "platform/foundation/URLs.h"
+
 #include <QAudioDevice>
 #include <QAudioOutput>
 #include <QMediaDevices>
 #include <QMediaMetaData>
 #include <QtMath>
 #include <algorithm>
+#include <fcntl.h>
 #include <malloc.h>
 
 namespace reelsmith {
@@ -54,17 +57,20 @@ void MultimediaPlayback::setSource(const QUrl& url) {
         fail(QStringLiteral("There is nothing in the file that can be shown or heard"));
 }
 
-// By itself the player copies a resource into a file, which stays behind when the application is killed.
+// By itself the player copies a resource into a file, which stays behind when the application is killed, and
+// takes the name of a file for Latin-1.
 void MultimediaPlayback::open(const QUrl& url) {
     m_player.setSource({});
-    m_resource.close();
-    if (url.scheme() != QLatin1String("qrc")) {
-        m_player.setSource(url);
-        return;
+    m_file.close();
+    // The player tells of one that is not there.
+    if (url.scheme() == QLatin1String("qrc")) {
+        m_file.setFileName(QLatin1Char(':') + url.path());
+        static_cast<void>(m_file.open(QIODevice::ReadOnly));
+    } else if (const int descriptor = ::open(filePath(url).c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+               descriptor >= 0) {
+        static_cast<void>(m_file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle));
     }
-    m_resource.setFileName(QLatin1Char(':') + url.path());
-    static_cast<void>(m_resource.open(QIODevice::ReadOnly)); // the player tells of one that is not there
-    m_player.setSourceDevice(&m_resource, url);
+    m_player.setSourceDevice(&m_file, url);
 }
 
 void MultimediaPlayback::seek(const CMTime& time) {

@@ -49,7 +49,7 @@ private:
     QVideoSink m_output;
     std::unique_ptr<QMediaDevices> m_devices;
     std::unique_ptr<QAudioOutput> m_sound; // outlives what plays on it
-    QFile m_resource;                      // read by the player, if it plays one
+    QFile m_file;                          // read by the player
     QMediaPlayer m_player;
     bool m_isAtEnd = false;
     bool m_isMuted = false;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/linux/PortalRequest.h"
+#include "platform/linux/bus/PortalRequest.h"
 #include "platform/screens/FileSharing.h"
 
 #include <QUrl>

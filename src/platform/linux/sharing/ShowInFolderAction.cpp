@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/sharing/ShowInFolderAction.h"
 
-#include "platform/linux/BusCall.h"
-#include "platform/linux/BusServices.h"
 #include "platform/linux/HandedFile.h"
 #include "platform/linux/MimeHandlers.h"
+#include "platform/linux/bus/BusCall.h"
+#include "platform/linux/bus/BusServices.h"
 
 #include <utility>
 
