@@ -52,7 +52,8 @@ TEST_F(ExportSession, AFailureLeavesTheOldFileAndSaysWhy) {
              Case{"refused", file(u"1"_s, "export write half\nexport fail no video in it\n"), output,
                   "no video in it"},
              Case{"killed worker", file(u"2"_s, "export write half\nexport die\n"), output, "signal 9"},
-             Case{"no source", fileUrl("/nothing"), output, "/nothing"},
+             Case{"no source", fileUrl(m_folder.filePath(u"gone.mov"_s).toStdString()), output,
+                  "No such file"},
              Case{"source is a folder", fileUrl(m_folder.path().toStdString()), output, "no regular file"},
              Case{"outside the documents", good, fileUrl(m_folder.filePath(u"x"_s).toStdString()), "outside"},
              Case{"climbs out", good, inOutputs(u"../../../x.mp4"_s), "outside"},
@@ -66,6 +67,8 @@ TEST_F(ExportSession, AFailureLeavesTheOldFileAndSaysWhy) {
         ASSERT_TRUE(session->error()) << bad.name;
         EXPECT_TRUE(session->error()->localizedDescription.contains(QLatin1StringView(bad.error)))
             << bad.name << ": " << session->error()->localizedDescription.toStdString();
+        // It is counted as usage data, which says nothing of whose video it was.
+        EXPECT_FALSE(session->error()->localizedDescription.contains(m_folder.path())) << bad.name;
         EXPECT_LT(session->progress(), 1) << bad.name;
     }
     EXPECT_EQ(contents(output), "old");

@@ -36,14 +36,12 @@ public:
         end(completion);
     }
 
-    /// Instead of perform(), on the main queue.
-    void fail(const std::function<void()>& completion) {
-        {
-            const std::lock_guard lock(mutex);
-            status = AVAssetExportSessionStatus::Failed;
-            error = Error{QStringLiteral("there is no thread to be had")};
-        }
-        end(completion);
+    /// Instead of perform(); nobody may wait for the completion then, which the caller sees to.
+    void fail() {
+        const std::lock_guard lock(mutex);
+        status = AVAssetExportSessionStatus::Failed;
+        error = Error{QStringLiteral("there is no thread to be had")};
+        isOver = true;
     }
 
     void cancel() override {
@@ -166,8 +164,10 @@ void AVAssetExportSession::exportAsynchronously(std::function<void()> completion
             m_export->status = AVAssetExportSessionStatus::Waiting;
     }
     const auto perform = [shared = m_export, completion] { shared->perform(completion); };
-    if (!ExportThreads::shared().start(m_export, perform))
-        DispatchQueue::main().async([shared = m_export, completion] { shared->fail(completion); });
+    if (!ExportThreads::shared().start(m_export, perform)) {
+        m_export->fail();
+        DispatchQueue::main().async(std::move(completion));
+    }
 }
 
 void AVAssetExportSession::cancelExport() {

@@ -37,10 +37,12 @@ Result<void> ExportRun::run(const ProgressHandler& onProgress) {
     const ExportRequest request{m_preset, userLanguages()};
     // A worker that is gone already is found out by whoever waits for its answer.
     m_worker->channel().send(request, {source->number(), (*output)->descriptor()});
-    auto followed = followWorker(onProgress);
+    auto followed = followWorker(onProgress, **output);
     endWorker();
     if (!followed)
         return followed;
+    if (auto flushed = (*output)->flush(); !flushed)
+        return flushed;
     return moveIntoPlace(**output);
 }
 
@@ -55,7 +57,7 @@ Result<void> ExportRun::startWorker() {
     return {};
 }
 
-Result<void> ExportRun::followWorker(const ProgressHandler& onProgress) {
+Result<void> ExportRun::followWorker(const ProgressHandler& onProgress, const TemporaryOutput& output) {
     double fraction = 0;
     for (;;) {
         Letter letter;
@@ -64,6 +66,7 @@ Result<void> ExportRun::followWorker(const ProgressHandler& onProgress) {
         if (const auto* progress = std::get_if<ExportProgress>(&letter.message)) {
             fraction = std::max(fraction, progress->fraction);
             onProgress(fraction);
+            output.startFlushing();
         } else if (const auto* finished = std::get_if<ExportFinished>(&letter.message)) {
             if (!finished->warnings.empty())
                 qWarning().noquote() << QString::fromStdString(finished->warnings);

@@ -29,7 +29,7 @@ public:
 
 private:
     Result<void> startWorker();
-    Result<void> followWorker(const ProgressHandler& onProgress);
+    Result<void> followWorker(const ProgressHandler& onProgress, const TemporaryOutput& output);
     void endWorker();
     Result<void> moveIntoPlace(TemporaryOutput& output);
 

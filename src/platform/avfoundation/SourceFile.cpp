@@ -10,16 +10,15 @@
 namespace reelsmith {
 
 Result<mediaworker::Descriptor> openSourceFile(const QUrl& url) {
-    const QString name = url.toDisplayString(QUrl::PreferLocalFile);
     const std::filesystem::path path = filePath(url);
     if (path.empty())
-        return failure(QStringLiteral("\"%1\" is no file").arg(name));
+        return failure(QStringLiteral("the source is no file"));
     mediaworker::Descriptor source(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
     if (!source.isOpen())
-        return systemFailure(QStringLiteral("cannot open \"%1\"").arg(name), errno);
+        return systemFailure(QStringLiteral("the source cannot be opened"), errno);
     struct stat status {};
     if (::fstat(source.number(), &status) != 0 || !S_ISREG(status.st_mode))
-        return failure(QStringLiteral("\"%1\" is no regular file").arg(name));
+        return failure(QStringLiteral("the source is no regular file"));
     return source;
 }
 

@@ -9,7 +9,8 @@
 namespace reelsmith {
 
 /// Opens a regular file for reading; whatever else may stand there (a folder, device, FIFO, socket) is
-/// refused. Never waits for a writer. Any thread.
+/// refused, with an error that holds no name: errors of exports are counted as usage data. Never waits for a
+/// writer. Any thread.
 Result<mediaworker::Descriptor> openSourceFile(const QUrl& url);
 
 } // namespace reelsmith

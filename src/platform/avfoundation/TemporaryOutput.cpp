@@ -51,8 +51,7 @@ bool isOurs(const Descriptor& file) {
 Result<void> checkName(const QUrl& output) {
     const std::filesystem::path path = filePath(output);
     if (path.empty() || !isInDocumentsFolder(output))
-        return failure(QStringLiteral("\"%1\" lies outside the documents folder")
-                           .arg(output.toDisplayString(QUrl::PreferLocalFile)));
+        return failure(QStringLiteral("the result would lie outside the documents folder"));
     struct stat status {};
     if (::lstat(path.c_str(), &status) == 0)
         return S_ISDIR(status.st_mode) ? systemFailure(QStringLiteral("cannot write the result"), EISDIR)
@@ -84,6 +83,16 @@ Result<std::unique_ptr<TemporaryOutput>> TemporaryOutput::create(const QUrl& out
 TemporaryOutput::~TemporaryOutput() {
     if (!m_path.empty())
         ::unlink(m_path.c_str());
+}
+
+void TemporaryOutput::startFlushing() const {
+    static_cast<void>(::sync_file_range(m_file.number(), 0, 0, SYNC_FILE_RANGE_WRITE));
+}
+
+Result<void> TemporaryOutput::flush() {
+    if (::fdatasync(m_file.number()) != 0)
+        return systemFailure(QStringLiteral("cannot write the result"), errno);
+    return {};
 }
 
 Result<void> TemporaryOutput::moveIntoPlace() {

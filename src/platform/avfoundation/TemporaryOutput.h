@@ -25,6 +25,13 @@ public:
     /// Readable and writable, empty at first.
     int descriptor() const { return m_file.number(); }
 
+    /// Waits until all that was written stands on the disk: a power failure after moveIntoPlace() must not
+    /// leave half a file under the name.
+    Result<void> flush();
+
+    /// Has what was written so far go to the disk meanwhile, so that flush() need not wait for it.
+    void startFlushing() const;
+
     /// Gives the file its name, in the place of any file that has it.
     Result<void> moveIntoPlace();
 
