@@ -54,8 +54,8 @@ std::unique_ptr<MainTabBarController> MainTabBarCreator::build() {
     tabs.push_back(tab(std::make_unique<VideoConversionViewController>(), QStringLiteral("Convert to MP4"),
                        QStringLiteral("convert")));
     const QString variant = currentVariant();
-    rememberedVariant() = variant;
     console(QStringLiteral("Instantiated videos vc with ") + layoutName(variant));
+    rememberedVariant() = currentVariant();
     tabs.push_back(
         tab(videosScreen(variant), QStringLiteral("Converted Videos"), QStringLiteral("converted")));
     tabs.push_back(tab(std::make_unique<SettingsViewController>(), QStringLiteral("Settings"),

@@ -11,9 +11,7 @@ namespace reelsmith {
 QString outputBaseName(const std::optional<QString>& name, const QUrl& source) {
     if (name)
         return *name;
-    const QStringList components = pathComponents(source);
-    const QStringList pieces =
-        components.isEmpty() ? QStringList() : components.last().split(QLatin1Char('.'), Qt::SkipEmptyParts);
+    const QStringList pieces = lastPathComponent(source).split(QLatin1Char('.'), Qt::SkipEmptyParts);
     return pieces.isEmpty() ? QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper() : pieces.first();
 }
 

@@ -16,12 +16,12 @@ namespace reelsmith {
 namespace {
 
 constexpr double endOfInteger = 9223372036854775808.0;
-constexpr float leastPlain = 1e-4F;
-constexpr float endOfPlain = 16777216.0F; // from here on not every integer is a float
+constexpr double leastPlain = 1e-4;
+constexpr double endOfPlain = 9007199254740992.0; // from here on not every integer is a double
 
 // The shortest digits that read back as the same number, never without a fraction.
-QString decimalText(float value) {
-    const float size = std::fabs(value);
+QString decimalText(double value) {
+    const double size = std::fabs(value);
     const bool isPlain = size == 0 || (size >= leastPlain && size < endOfPlain);
     std::array<char, 64> digits{};
     const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value,
@@ -62,7 +62,7 @@ void ProgressViewController::setFile(const QString& name, const std::optional<QU
 
 void ProgressViewController::updateProgress(double progress) {
     DispatchQueue::main().async([self = QPointer(this), progress] {
-        console(QStringLiteral("GOT VALUE: ") + decimalText(static_cast<float>(progress)));
+        console(QStringLiteral("GOT VALUE: ") + decimalText(progress));
         const qint64 percentage = percentageOf(progress);
         if (self)
             self->show(progress, percentage);

@@ -34,8 +34,7 @@ void VideoConversionViewController::viewDidLoad() {
 }
 
 void VideoConversionViewController::viewWillAppear() {
-    if (UIScreen::main().size().height() <= smallScreenHeight)
-        m_topConstraint.setConstant(0);
+    m_topConstraint.setConstant(UIScreen::main().size().height() <= smallScreenHeight ? 0 : designedTop);
 }
 
 void VideoConversionViewController::viewDidAppear() {

@@ -43,9 +43,9 @@ public:
     View* stillConvertingView() { return &m_stillConvertingView; } ///< seen while a conversion has no card
     ProgressViewController* progressController() const { return m_progressController; }
 
-    /// Whether `card`, which may be null, is the progress card; false after a cancel.
-    bool isShowing(const ProgressViewController* card) const {
-        return card != nullptr && card == m_progressController;
+    /// Whether `card`, which may be null, stands there, be it behind another; false after a cancel.
+    static bool isShowing(const ProgressViewController* card) {
+        return card != nullptr && !card->isBeingDismissed();
     }
     const std::shared_ptr<VideoConverter>& converter() const { return m_converter; }
     bool isConverting() const;

@@ -5,6 +5,8 @@
 #include "platform/foundation/Console.h"
 #include "platform/foundation/DispatchQueue.h"
 #include "platform/foundation/FileManager.h"
+#include "platform/foundation/SecurityScopedAccess.h"
+#include "platform/foundation/URLs.h"
 #include "remote/AnalyticsEvents.h"
 #include "remote/ReelsmithAnalytics.h"
 #include "settings/UserSettings.h"
@@ -60,8 +62,10 @@ void VideoConverter::performConversion(const std::optional<QUrl>& source, const 
     beginBackgroundTask();
     const QUrl sourceUrl = source.value_or(m_videoURL);
     const QUrl output = outputUrl(outputBaseName(name, sourceUrl));
-    // A file of the same name makes way; where it cannot, the export finds out.
-    static_cast<void>(FileManager::defaultManager().removeItem(output));
+    // A file of the same name makes way, unless it is what is to be converted; where it cannot, the export
+    // finds out.
+    if (!SecurityScopedAccess::isOpenOn(filePath(output)))
+        static_cast<void>(FileManager::defaultManager().removeItem(output));
 
     const AVAsset asset(sourceUrl);
     printFact(QStringLiteral("Playable: "), asset.isPlayable());

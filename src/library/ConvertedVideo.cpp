@@ -52,9 +52,8 @@ QUrl ConvertedVideo::url() const {
 }
 
 QString ConvertedVideo::name() const {
-    const QStringList components = pathComponents(url());
-    return components.isEmpty() ? QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper()
-                                : components.last();
+    const QString last = lastPathComponent(url());
+    return last.isEmpty() ? QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper() : last;
 }
 
 void ConvertedVideo::thumbnail(std::function<void(const UIImage&)> completion,

@@ -7,6 +7,8 @@
 #include "platform/foundation/FileManager.h"
 #include "platform/foundation/URLs.h"
 
+#include <QDir>
+#include <QStandardPaths>
 #include <algorithm>
 #include <functional>
 
@@ -26,6 +28,13 @@ QList<ConvertedVideo> videos(std::vector<FileManager::Entry> entries) {
     return videos;
 }
 
+QString downloadsLockPath() {
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+                           QStringLiteral("/reelsmith");
+    QDir().mkpath(folder);
+    return folder + QStringLiteral("/downloads.lock");
+}
+
 const QString outputsName = QStringLiteral("outputs");
 const QString downloadsName = QStringLiteral("downloads");
 const QString firstPassName = QStringLiteral("firstPass");
@@ -43,6 +52,10 @@ void FileSystem::createFolders() {
 }
 
 void FileSystem::clearDownloads() {
+    if (!m_downloadsLock)
+        m_downloadsLock = FileLock::ifFree(downloadsLockPath());
+    if (!m_downloadsLock)
+        return;
     FileManager& files = FileManager::defaultManager();
     const auto contents = files.contentsOfDirectory(downloadsFolder());
     if (!contents)

@@ -2,9 +2,11 @@
 #pragma once
 
 #include "library/ConvertedVideo.h"
+#include "platform/foundation/FileLock.h"
 
 #include <QList>
 #include <QUrl>
+#include <memory>
 #include <optional>
 
 namespace reelsmith {
@@ -18,7 +20,8 @@ public:
     /// Makes the folders "outputs", "downloads" and "firstPass" where they are missing.
     void createFolders();
 
-    /// Removes all visible files of the downloads folder.
+    /// Removes all visible files of the downloads folder, unless they may belong to another window, one that
+    /// runs on its own.
     void clearDownloads();
 
     /// Removes what killed conversions and downloads have left half made.
@@ -38,6 +41,8 @@ public:
 
 private:
     FileSystem() = default;
+
+    std::unique_ptr<FileLock> m_downloadsLock; // from the first clearing on
 };
 
 } // namespace reelsmith

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sources/AppFileOpener.h"
 
+#include "platform/foundation/URLs.h"
 #include "sources/AcceptedVideoExtensions.h"
 
 #include <algorithm>
@@ -22,7 +23,7 @@ Slot& slot() {
 } // namespace
 
 bool AppFileOpener::accept(const QUrl& url) {
-    const QString name = url.fileName(QUrl::FullyDecoded).toLower();
+    const QString name = lastPathComponent(url).toLower();
     if (std::ranges::none_of(acceptedVideoExtensions,
                              [&name](const QString& part) { return name.contains(part); }))
         return false;

@@ -51,9 +51,8 @@ void ConversionQualityViewController::viewWillAppear() {
 }
 
 QString ConversionQualityViewController::defaultName() const {
-    const QStringList components = pathComponents(m_videoURL);
-    const QString candidate =
-        components.isEmpty() ? unnamed : components.last().section(QLatin1Char('.'), 0, 0);
+    const QString last = lastPathComponent(m_videoURL);
+    const QString candidate = last.isEmpty() ? unnamed : last.section(QLatin1Char('.'), 0, 0);
     return candidate == nameOfEveryCut ? numberedName() : candidate;
 }
 

@@ -12,7 +12,7 @@ namespace reelsmith {
 namespace {
 
 // Bytes, as in the names of files.
-std::string lastPathComponent(const QUrl& url) {
+std::string downloadName(const QUrl& url) {
     const QByteArray path = url.path(QUrl::FullyEncoded).toLatin1();
     return QByteArray::fromPercentEncoding(path.mid(path.lastIndexOf('/') + 1)).toStdString();
 }
@@ -47,7 +47,7 @@ std::shared_ptr<VideoDownloader> VideoDownloader::make(const QUrl& videoURL) {
 }
 
 void VideoDownloader::download(Completion completion) {
-    const std::string component = lastPathComponent(m_videoURL);
+    const std::string component = downloadName(m_videoURL);
     beginBackgroundTask();
     HTTPClient::shared()->download(
         m_videoURL, [component] { return destination(component); },

@@ -65,6 +65,10 @@ TEST_F(ConvertFlow, AWebAddressEndsInTheShareSheet) {
     auto& downloading = await<ProgressViewController>();
     EXPECT_EQ(downloading.titleLabel()->text(), u"Downloading"_s);
     ASSERT_TRUE(runLoopUntil([this] { return m_web->isBusy(); }));
+    m_delegate.open(file(u"other.mov"_s, goodScript)); // meanwhile, over the card
+    convert(u"other"_s);
+    await<UIActivityViewController>().cancelTapped();
+    ASSERT_EQ(&await<ProgressViewController>(), &downloading);
     m_web->report(12'400'000, std::nullopt);
     EXPECT_TRUE(downloading.progressVIew()->isIndeterminate());
     EXPECT_EQ(downloading.progressLabel()->text(), QString());
@@ -77,7 +81,7 @@ TEST_F(ConvertFlow, AWebAddressEndsInTheShareSheet) {
     EXPECT_EQ(await<ConversionQualityViewController>().filenameTextField()->text(), u"clip"_s);
     convert(u"result"_s);
     await<UIActivityViewController>().cancelTapped();
-    EXPECT_EQ(outputs(), QStringList{u"result.mp4"_s});
+    EXPECT_EQ(outputs(), (QStringList{u"other.mp4"_s, u"result.mp4"_s}));
     EXPECT_EQ(screen().converter(), nullptr);
     EXPECT_TRUE(isAtHome());
     EXPECT_TRUE(m_console.lines().contains(u"Download success... Converting Video"_s));

@@ -2,7 +2,6 @@
 #include "platform/foundation/FileManager.h"
 
 #include "platform/foundation/DocumentsFolder.h"
-#include "platform/foundation/SecurityScopedAccess.h"
 #include "platform/foundation/URLs.h"
 
 #include <cerrno>
@@ -30,7 +29,7 @@ struct CloseDirectory {
 
 Result<void> checkConfinement(const QUrl& url) {
     if (!isInDocumentsFolder(url))
-        return failure(quoted(url) + QStringLiteral(" lies outside the documents folder"));
+        return failure(QStringLiteral("the file lies outside the documents folder"));
     return {};
 }
 
@@ -40,20 +39,6 @@ std::optional<FileManager::Date> modificationDate(int folder, const char* name) 
         return std::nullopt;
     return FileManager::Date(std::chrono::seconds(facts.stx_mtime.tv_sec) +
                              std::chrono::nanoseconds(facts.stx_mtime.tv_nsec));
-}
-
-bool holdsOpenSource(const std::filesystem::path& path) {
-    if (SecurityScopedAccess::isOpenOn(path))
-        return true;
-    std::error_code error;
-    if (!std::filesystem::is_directory(std::filesystem::symlink_status(path, error)))
-        return false;
-    for (std::filesystem::recursive_directory_iterator entry(path, error), end; entry != end;
-         entry.increment(error)) {
-        if (SecurityScopedAccess::isOpenOn(entry->path()))
-            return true;
-    }
-    return false;
 }
 
 } // namespace
@@ -100,11 +85,8 @@ Result<std::vector<FileManager::Entry>> FileManager::contentsOfDirectory(const Q
 Result<void> FileManager::removeItem(const QUrl& url) {
     if (auto allowed = checkConfinement(url); !allowed)
         return allowed;
-    const std::filesystem::path path = filePath(url);
-    if (holdsOpenSource(path))
-        return failure(quoted(url) + QStringLiteral(" is being read"));
     std::error_code error;
-    const auto count = std::filesystem::remove_all(path, error);
+    const auto count = std::filesystem::remove_all(filePath(url), error);
     if (!error && count == 0)
         error = std::make_error_code(std::errc::no_such_file_or_directory);
     else
@@ -120,7 +102,7 @@ Result<void> FileManager::replaceItem(const QUrl& url, const std::filesystem::pa
     std::error_code error;
     std::filesystem::rename(replacement, filePath(url), error);
     if (error)
-        return systemFailure(QStringLiteral("cannot put the file in place as ") + quoted(url), error.value());
+        return systemFailure(QStringLiteral("cannot put the file in place"), error.value());
     tellObservers(url);
     return {};
 }

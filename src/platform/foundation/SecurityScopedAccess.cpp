@@ -17,6 +17,18 @@ namespace {
 std::mutex openMutex;
 std::vector<int> openDescriptors;
 
+bool isFileOpen(const std::filesystem::path& path) {
+    struct stat wanted {};
+    if (::stat(path.c_str(), &wanted) != 0)
+        return false;
+    const std::lock_guard lock(openMutex);
+    return std::any_of(openDescriptors.begin(), openDescriptors.end(), [&wanted](int descriptor) {
+        struct stat open {};
+        return ::fstat(descriptor, &open) == 0 && open.st_dev == wanted.st_dev &&
+               open.st_ino == wanted.st_ino;
+    });
+}
+
 } // namespace
 
 bool SecurityScopedAccess::start() {
@@ -42,15 +54,17 @@ void SecurityScopedAccess::stop() {
 }
 
 bool SecurityScopedAccess::isOpenOn(const std::filesystem::path& path) {
-    struct stat wanted {};
-    if (::stat(path.c_str(), &wanted) != 0)
+    if (isFileOpen(path))
+        return true;
+    std::error_code error;
+    if (!std::filesystem::is_directory(std::filesystem::symlink_status(path, error)))
         return false;
-    const std::lock_guard lock(openMutex);
-    return std::any_of(openDescriptors.begin(), openDescriptors.end(), [&wanted](int descriptor) {
-        struct stat open {};
-        return ::fstat(descriptor, &open) == 0 && open.st_dev == wanted.st_dev &&
-               open.st_ino == wanted.st_ino;
-    });
+    for (std::filesystem::recursive_directory_iterator entry(path, error), end; entry != end;
+         entry.increment(error)) {
+        if (isFileOpen(entry->path()))
+            return true;
+    }
+    return false;
 }
 
 } // namespace reelsmith

@@ -6,8 +6,7 @@
 
 namespace reelsmith {
 
-/// The user's leave to read one file, held from its start to its stop. Meanwhile the file layer does not
-/// remove that file, whatever name it is called by. Any thread.
+/// The user's leave to read one file, held from its start to its stop. Any thread.
 class SecurityScopedAccess {
 public:
     explicit SecurityScopedAccess(QUrl url) : m_url(std::move(url)) {}
@@ -19,7 +18,8 @@ public:
     bool start();
     void stop();
 
-    /// Whether `path` leads to a file that some access is open on, in this process.
+    /// Whether `path` leads to a file that some access is open on, in this process, or to a folder with such
+    /// a file in it, whatever names these go by.
     static bool isOpenOn(const std::filesystem::path& path);
 
 private:

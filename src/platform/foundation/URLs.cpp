@@ -51,12 +51,10 @@ QUrl appendingPathComponent(const QUrl& url, const QString& component) {
     return longer;
 }
 
-QStringList pathComponents(const QUrl& url) {
+QString lastPathComponent(const QUrl& url) {
     const QString path = url.path(QUrl::FullyDecoded);
-    QStringList components = path.split(QLatin1Char('/'), Qt::SkipEmptyParts);
-    if (path.startsWith(QLatin1Char('/')))
-        components.prepend(QStringLiteral("/"));
-    return components;
+    const QString last = path.section(QLatin1Char('/'), -1, -1, QString::SectionSkipEmpty);
+    return last.isEmpty() && !path.isEmpty() ? QStringLiteral("/") : last;
 }
 
 // QUrl's strict mode lets some letters pass that RFC 3986 has no place for, hence the grammar's own look

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QStringList>
+#include <QString>
 #include <QUrl>
 #include <filesystem>
 #include <optional>
@@ -29,8 +29,8 @@ std::string filePathBytes(const QUrl& url);
 /// characters.
 QUrl appendingPathComponent(const QUrl& url, const QString& component);
 
-/// The parts of the path: a leading "/", then each name. Empty for a URL without a path.
-QStringList pathComponents(const QUrl& url);
+/// The last name of the path, "/" where that is all of it; empty for a URL without a path.
+QString lastPathComponent(const QUrl& url);
 
 /// The URL, relative or not, that `text` spells out by RFC 3986's own letters: nothing is trimmed, mended or
 /// encoded. None for any other text, an empty one too.
