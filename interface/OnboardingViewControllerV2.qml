@@ -68,11 +68,16 @@ Screen {
             current: screen.controller.currentPage
         }
         Button {
+            id: continueButton
+
             objectName: "continue"
             width: parent.width
             kind: Button.OnPicture
             ring: Theme.pictureInk
             label: screen.controller.continueButton.title
+            Dissolve on label {
+                item: continueButton.contentItem
+            }
             isEnabled: screen.controller.continueButton.isEnabled
             onClicked: screen.controller.continueTapped()
         }

@@ -2,7 +2,7 @@
 import QtQuick
 
 /// A short message: `title`, `message` and `actions` (each with a "title" and a "style": "default", "cancel" or
-/// "destructive"), two of them side by side. `pressed` tells the index.
+/// "destructive"), two of them side by side where their words have room. `pressed` tells the index.
 Overlay {
     id: dialog
 
@@ -10,7 +10,10 @@ Overlay {
     property string message
     property var actions: []
 
-    readonly property bool isStacked: actions.length !== 2 || Theme.isLargeText
+    readonly property real widestLabel: Math.max(...actions.map(action => Math.ceil(metrics.advanceWidth(action.title))), 0)
+    readonly property bool isStacked: actions.length !== 2 || widestLabel + 2 * Theme.gap16 > (buttons.width - Theme.gap12) / 2
+    // What a stray Return may do.
+    readonly property int safest: Math.max(0, actions.findIndex(action => action.style === "cancel"))
 
     signal pressed(int index)
 
@@ -19,6 +22,13 @@ Overlay {
     disappearDuration: Theme.alert
     Accessible.role: Accessible.AlertMessage
 
+    FontMetrics {
+        id: metrics
+
+        font.pixelSize: Theme.strong.scaledSize
+        font.weight: Theme.strong.weight
+        font.letterSpacing: Theme.strong.tracking
+    }
     Panel {
         anchors.centerIn: parent
         width: Math.min(Theme.alertWidth, parent.width - 2 * Theme.alertMargin)
@@ -29,7 +39,7 @@ Overlay {
         radius: Theme.centerCardRadius
         border.width: Theme.hasCardLines ? Theme.hair : 0
         border.color: Theme.line
-        spacing: Theme.gap4
+        spacing: Theme.gap8
 
         StyledText {
             width: parent.width
@@ -61,7 +71,7 @@ Overlay {
                     required property int index
 
                     width: dialog.isStacked ? buttons.width : (buttons.width - buttons.spacing) / 2
-                    focus: index === 0
+                    focus: index === dialog.safest
                     label: modelData.title
                     kind: modelData.style === "destructive" ? Button.Danger : modelData.style === "cancel" ? Button.Secondary
                                                                                                        : Button.Tonal

@@ -23,7 +23,11 @@ Flickable {
     onContentYChanged: view.setViewport(contentY, width, height)
     onWidthChanged: view.setViewport(contentY, width, height)
     onHeightChanged: view.setViewport(contentY, width, height)
-    onActiveFocusChanged: view.setFocused(activeFocus)
+    onActiveFocusChanged: {
+        view.setFocused(activeFocus);
+        if (activeFocus && App.Appearance.isByKey)
+            view.enterByKey();
+    }
     onCurrentFrameChanged: contentY = view.topShowingCurrent()
     Keys.onMenuPressed: event => event.accepted = view.openCurrentMenu(contentItem.mapToItem(null, 0, 0))
     Keys.onPressed: event => event.accepted = view.pressKey(event.key)

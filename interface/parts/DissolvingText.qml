@@ -5,21 +5,7 @@ import QtQuick
 SpokenText {
     id: words
 
-    Behavior on text {
-        SequentialAnimation {
-            NumberAnimation {
-                target: words
-                property: "opacity"
-                to: 0
-                duration: Theme.introTexts / 2
-            }
-            PropertyAction {}
-            NumberAnimation {
-                target: words
-                property: "opacity"
-                to: 1
-                duration: Theme.introTexts / 2
-            }
-        }
+    Dissolve on text {
+        item: words
     }
 }

@@ -24,6 +24,7 @@ Pressable {
         Icon {
             anchors.centerIn: parent
             name: "playMark"
+            size: Theme.gap32
             color: Theme.accent
         }
     }

@@ -23,6 +23,6 @@ Item {
     FocusRing {
         inner: marks.radius
         ring: marks.ring
-        visible: marks.control.visualFocus
+        visible: marks.control.activeFocus
     }
 }

@@ -19,7 +19,8 @@ T.Slider {
     rightPadding: Theme.sideMargin
     enabled: isEnabled
     opacity: isEnabled ? 1 : Theme.disabledOpacity
-    stepSize: Theme.seekStep
+    // For keys alone; a knob that is dragged stays where it is let go.
+    stepSize: pressed ? 0 : Theme.seekStep
     focusPolicy: Qt.TabFocus
     Accessible.name: label
 
@@ -51,7 +52,7 @@ T.Slider {
         FocusRing {
             inner: parent.radius
             ring: Theme.pictureInk
-            visible: control.visualFocus
+            visible: control.activeFocus
         }
     }
 }

@@ -3,6 +3,10 @@ import QtQuick
 
 /// The shadow of the item that it is a child of: `shadow`, for corners of `radius`.
 BorderImage {
+    id: image
+
+    readonly property int edge: shadow.reach + radius + shadow.blur
+
     required property ShadowStyle shadow
     required property real radius
 
@@ -11,10 +15,11 @@ BorderImage {
     z: -2
     source: "image://shadow/" + radius + "/" + shadow.layers + shadow.tint
     border {
-        left: shadow.reach + radius + shadow.blur
-        right: shadow.reach + radius + shadow.blur
-        top: shadow.reach + radius + shadow.blur
-        bottom: shadow.reach + radius + shadow.blur
+        // Opposite ones must not overlap.
+        left: Math.min(edge, image.width / 2)
+        right: Math.min(edge, image.width / 2)
+        top: Math.min(edge, image.height / 2)
+        bottom: Math.min(edge, image.height / 2)
     }
     Accessible.ignored: true
 }

@@ -60,7 +60,7 @@ T.Switch {
         }
         FocusRing {
             inner: parent.radius
-            visible: control.visualFocus
+            visible: control.activeFocus
         }
     }
 }

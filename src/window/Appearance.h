@@ -4,6 +4,7 @@
 #include <QObject>
 #include <QSizeF>
 #include <QtQml/qqmlregistration.h>
+#include <utility>
 
 class QQmlEngine;
 
@@ -26,6 +27,7 @@ class Appearance : public QObject {
     Q_PROPERTY(bool isCompact READ isCompact NOTIFY changed)
     Q_PROPERTY(bool isTall READ isTall NOTIFY changed)
     Q_PROPERTY(bool isLargeText READ isLargeText NOTIFY changed)
+    Q_PROPERTY(bool isByKey READ isByKey NOTIFY inputChanged)
 
 public:
     using QObject::QObject;
@@ -62,9 +64,17 @@ public:
     bool isTall() const { return windowHeight() >= 784; }   ///< has room for more than the controls
     bool isLargeText() const { return m_textScale >= 1.3; }
 
+    /// Whether the user's last input was a key: who points does not want to see where the keyboard is.
+    bool isByKey() const { return m_isByKey; }
+    void setByKey(bool byKey) {
+        if (std::exchange(m_isByKey, byKey) != byKey)
+            emit inputChanged();
+    }
+
 signals:
-    /// Any property has another value.
+    /// Any property has another value, but for isByKey.
     void changed();
+    void inputChanged();
 
 private:
     template<typename Value>
@@ -79,6 +89,7 @@ private:
     bool m_hasHighContrast = false;
     bool m_isStill = false;
     bool m_isTurned = false;
+    bool m_isByKey = false;
     qreal m_textScale = 1;
     qreal m_durationsScale = 1;
     QSizeF m_windowSize{390, 844};

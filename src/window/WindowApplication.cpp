@@ -19,12 +19,14 @@
 #include <QMimeData>
 #include <QQmlComponent>
 #include <QScreen>
+#include <QTimer>
 
 namespace reelsmith {
 
 namespace {
 
 constexpr QSize designedSize{390, 844};
+constexpr std::chrono::milliseconds questionCheck{200};
 constexpr int widestPhone = 540; // points, at the shorter side of its screen
 
 // There every window fills the screen, and the shell leaves title bars to the windows, which need none.
@@ -145,7 +147,12 @@ bool WindowApplication::eventFilter(QObject* /*watched*/, QEvent* event) {
     case QEvent::Close:
         event->setAccepted(mayClose());
         return !event->isAccepted();
+    case QEvent::MouseButtonPress:
+    case QEvent::TouchBegin:
+        m_appearance->setByKey(false);
+        return false;
     case QEvent::KeyPress:
+        m_appearance->setByKey(true);
         return isBackKey(static_cast<QKeyEvent*>(event)->key()) && m_delegate->window()->goBack();
     case QEvent::DragEnter:
     case QEvent::DragMove:
@@ -172,12 +179,21 @@ bool WindowApplication::mayClose() {
     UIViewController* const root = m_delegate->window()->rootViewController();
     if (m_isStopping || root == nullptr || !OngoingWork::isAny())
         return true;
+    if (m_question)
+        return false;
     auto question = std::make_unique<UIAlertController>(QStringLiteral("Stop converting?"),
                                                         QStringLiteral("The video is not ready yet."),
                                                         UIAlertController::Style::Alert);
     question->addAction(QStringLiteral("stop"), UIAlertController::ActionStyle::Destructive,
                         [this] { stopAndClose(); });
     question->addAction(QStringLiteral("keep converting"), UIAlertController::ActionStyle::Cancel);
+    m_question = question.get();
+    auto* const watch = new QTimer(m_question);
+    connect(watch, &QTimer::timeout, m_question, [question = m_question.get()] {
+        if (!OngoingWork::isAny())
+            question->dismiss(Animated::Yes);
+    });
+    watch->start(questionCheck);
     root->present(std::move(question), Animated::Yes);
     return false;
 }

@@ -4,11 +4,13 @@
 #include "app/AppDelegate.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/services/HTTPClient.h"
+#include "platform/uikit/UIAlertController.h"
 #include "window/QuickHost.h"
 #include "window/ScreenFactory.h"
 
 #include <QList>
 #include <QObject>
+#include <QPointer>
 #include <QQmlEngine>
 #include <QQuickWindow>
 #include <QUrl>
@@ -66,6 +68,7 @@ private:
     ScreenFactory m_factory;
     std::unique_ptr<QuickHost> m_host;
     std::unique_ptr<AppDelegate> m_delegate;
+    QPointer<UIAlertController> m_question; // whether to stop what goes on
     bool m_isStopping = false;
 };
 

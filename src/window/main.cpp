@@ -26,8 +26,9 @@ QList<QUrl> urls(int argc, char** argv) {
     QList<QUrl> files;
     for (int i = 1; i < argc; ++i) {
         const std::string word = argv[i];
-        const QUrl url = QUrl(QString::fromStdString(word), QUrl::StrictMode);
-        files.append(url.isValid() && !url.scheme().isEmpty() ? url : fileUrl(word));
+        // A file's own name may hold a colon too.
+        files.append(word.starts_with("file:") ? QUrl(QString::fromStdString(word), QUrl::StrictMode)
+                                               : fileUrl(word));
     }
     return files;
 }
@@ -56,7 +57,11 @@ int run(int argc, char** argv) {
     WindowApplication reelsmith(LinuxPlatform(WindowApplication::id), std::make_shared<NetworkHTTPClient>(),
                                 services.backends());
     QObject::connect(&instance, &SingleInstance::activated, &reelsmith, &WindowApplication::activate);
-    QObject::connect(&instance, &SingleInstance::opened, &reelsmith, &WindowApplication::open);
+    QObject::connect(&instance, &SingleInstance::opened, &reelsmith,
+                     [&reelsmith](const QList<QUrl>& handedOver) {
+                         reelsmith.activate();
+                         reelsmith.open(handedOver);
+                     });
     reelsmith.launch(files);
     return QGuiApplication::exec();
 }

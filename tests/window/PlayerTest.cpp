@@ -17,7 +17,7 @@ namespace {
 
 /// A film made by ffmpeg: red, from its third second on green, from its fifth to its end in the sixth blue.
 QUrl film() {
-    const QString path = QDir::homePath() + "/Documents/Reelsmith/outputs/Three colours.mp4";
+    const QString path = QDir::homePath() + "/Documents/Reelsmith/outputs/Três cores – три.mp4";
     const QString colour = "color=%1:s=1280x720:r=10:d=2[%1];";
     EXPECT_EQ(QProcess::execute(
                   "ffmpeg", {"-v", "error", "-f", "lavfi", "-i", "sine=d=6", "-filter_complex",

@@ -100,6 +100,11 @@ void CellsView::setFocused(bool isFocused) {
     markCurrent(isFocused);
 }
 
+void CellsView::enterByKey() {
+    if (m_current < 0 && count() > 0)
+        setCurrent(0);
+}
+
 void CellsView::markCurrent(bool isCurrent) {
     if (ReusableCell* current = cell(m_current))
         current->setCurrent(isCurrent);

@@ -43,6 +43,9 @@ public:
     /// Whether keys go to this view: then the current item shows it.
     Q_INVOKABLE void setFocused(bool isFocused);
 
+    /// The keyboard has come to the cells: the first one is current where none is.
+    Q_INVOKABLE void enterByKey();
+
     /// What a key of Qt::Key does here; false if nothing. The arrows, Home and End move the current item,
     /// Return and the space bar tap it.
     Q_INVOKABLE bool pressKey(int key);
