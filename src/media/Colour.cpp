@@ -44,10 +44,24 @@ bool isStandardDefinition(AVColorSpace matrix) {
     return matrix == AVCOL_SPC_SMPTE170M || matrix == AVCOL_SPC_BT470BG;
 }
 
+/// Some files name a matrix that their pictures cannot have.
+bool isMatrixOf(const AVFrame& frame) {
+    switch (frame.colorspace) {
+    case AVCOL_SPC_UNSPECIFIED:
+    case AVCOL_SPC_RESERVED:
+    case AVCOL_SPC_SMPTE2085:
+    case AVCOL_SPC_RGB:
+        return false;
+    case AVCOL_SPC_ICTCP:
+        return frame.color_trc == AVCOL_TRC_SMPTE2084 || frame.color_trc == AVCOL_TRC_ARIB_STD_B67;
+    default:
+        return true;
+    }
+}
+
 ColourTags sourceTags(const AVFrame& frame) {
     ColourTags tags = assumedTags(frame.width, frame.height);
-    const bool saysMatrix =
-        frame.colorspace != AVCOL_SPC_UNSPECIFIED && frame.colorspace != AVCOL_SPC_RESERVED;
+    const bool saysMatrix = isMatrixOf(frame);
     if (saysMatrix)
         tags = isStandardDefinition(frame.colorspace) ? (frame.colorspace == AVCOL_SPC_BT470BG ? pal : ntsc)
                                                       : hd;
@@ -83,7 +97,24 @@ void dropUnnamed(AVColorRange& range, AVColorPrimaries& primaries, AVColorTransf
     dropUnnamed(chroma, AVCHROMA_LOC_NB, AVCHROMA_LOC_UNSPECIFIED);
 }
 
+void fillIn(const ColourTags& told, AVColorRange& range, AVColorPrimaries& primaries,
+            AVColorTransferCharacteristic& transfer, AVColorSpace& matrix) {
+    if (range == AVCOL_RANGE_UNSPECIFIED)
+        range = told.range;
+    if (primaries == AVCOL_PRI_UNSPECIFIED)
+        primaries = told.primaries;
+    if (transfer == AVCOL_TRC_UNSPECIFIED)
+        transfer = told.transfer;
+    if (matrix == AVCOL_SPC_UNSPECIFIED)
+        matrix = told.matrix;
+}
+
 } // namespace
+
+bool isWideGamut(AVColorPrimaries primaries) {
+    return primaries == AVCOL_PRI_BT2020 || primaries == AVCOL_PRI_SMPTE431 ||
+           primaries == AVCOL_PRI_SMPTE432;
+}
 
 void dropUnnamedColours(AVCodecParameters& track) {
     dropUnnamed(track.color_range, track.color_primaries, track.color_trc, track.color_space,
@@ -95,13 +126,25 @@ void dropUnnamedColours(AVFrame& frame) {
                 frame.chroma_location);
 }
 
+ColourTags coloursOf(const AVCodecParameters& track) {
+    return {track.color_primaries, track.color_trc, track.color_space, track.color_range};
+}
+
+void fillInColours(AVCodecParameters& track, const ColourTags& told) {
+    fillIn(told, track.color_range, track.color_primaries, track.color_trc, track.color_space);
+}
+
+void fillInColours(AVFrame& frame, const ColourTags& told) {
+    fillIn(told, frame.color_range, frame.color_primaries, frame.color_trc, frame.colorspace);
+}
+
 ColourPlan planColour(const AVFrame& frame) {
     ColourPlan plan;
     plan.source = sourceTags(frame);
     plan.needsToneMapping =
         plan.source.transfer == AVCOL_TRC_SMPTE2084 || plan.source.transfer == AVCOL_TRC_ARIB_STD_B67;
-    const bool isWide = plan.source.primaries == AVCOL_PRI_BT2020;
-    if (plan.needsToneMapping && frame.colorspace == AVCOL_SPC_UNSPECIFIED && !isRgb(frame))
+    const bool isWide = isWideGamut(plan.source.primaries);
+    if (plan.needsToneMapping && !isMatrixOf(frame) && !isRgb(frame))
         plan.source.matrix = AVCOL_SPC_BT2020_NCL;
     if (plan.needsToneMapping && frame.color_primaries == AVCOL_PRI_UNSPECIFIED)
         plan.source.primaries = AVCOL_PRI_BT2020;

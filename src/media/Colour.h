@@ -26,10 +26,20 @@ struct ColourPlan {
     bool operator==(const ColourPlan&) const = default;
 };
 
+/// Whether there are colours that BT.709 does not have.
+bool isWideGamut(AVColorPrimaries primaries);
+
 /// Some containers and decoders hand on whatever numbers they find. One that FFmpeg has no name for means
 /// nothing, and has no place in an enumeration of C++: it becomes "unspecified".
 void dropUnnamedColours(AVCodecParameters& track);
 void dropUnnamedColours(AVFrame& frame);
+
+/// What a track says of its colours, of which none may be without a name.
+ColourTags coloursOf(const AVCodecParameters& track);
+
+/// What is left unsaid becomes what `told` says.
+void fillInColours(AVCodecParameters& track, const ColourTags& told);
+void fillInColours(AVFrame& frame, const ColourTags& told);
 
 /// Standard-definition and HD colours are kept as they are and tagged; PQ, HLG and wide gamut become BT.709.
 ColourPlan planColour(const AVFrame& frame);

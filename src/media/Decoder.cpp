@@ -25,7 +25,7 @@ Result<std::unique_ptr<Decoder>> Decoder::open(const AVStream* stream, const Opt
     if (const int result = avcodec_open2(context.get(), codec, nullptr); result < 0)
         return ffmpegFailure(ErrorCode::InvalidSource, std::string("The decoder ") + codec->name + " refuses",
                              result);
-    return std::unique_ptr<Decoder>(new Decoder(std::move(context)));
+    return std::unique_ptr<Decoder>(new Decoder(std::move(context), stream));
 }
 
 Result<void> Decoder::decode(const AVPacket* packet, const std::function<bool(FrameHandle)>& take) {
@@ -62,6 +62,10 @@ Result<bool> Decoder::drain(const std::function<bool(FrameHandle)>& take) {
         }
         errors = 0;
         dropUnnamedColours(*frame);
+        fillInColours(*frame, m_toldColours);
+        // JPEG's grey says nothing of its range, which is always the full one.
+        if (m_context->codec_id == AV_CODEC_ID_MJPEG && frame->color_range == AVCOL_RANGE_UNSPECIFIED)
+            frame->color_range = AVCOL_RANGE_JPEG;
         if (!take(std::move(frame)))
             return false;
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "media/Colour.h"
 #include "media/Error.h"
 #include "media/Handles.h"
 
@@ -38,10 +39,12 @@ public:
     long damagedCount() const { return m_damagedCount; }
 
 private:
-    explicit Decoder(CodecHandle context) : m_context(std::move(context)) {}
+    Decoder(CodecHandle context, const AVStream* stream)
+        : m_context(std::move(context)), m_toldColours(coloursOf(*stream->codecpar)) {}
     Result<bool> drain(const std::function<bool(FrameHandle)>& take);
 
     CodecHandle m_context;
+    ColourTags m_toldColours; ///< by the container
     long m_damagedCount = 0;
 };
 

@@ -53,11 +53,16 @@ Result<const Track*> chooseVideo(const MediaInfo& info) {
     return track;
 }
 
+/// Whether a copy keeps all there is to a track.
+bool keepsWhole(const Track& track) {
+    return track.hasSimpleEdits && track.hasOneDescription;
+}
+
 VideoPlan planVideo(const Track& track, const MediaInfo& info, Preset preset) {
     const PresetRules rules = rulesOf(preset);
     VideoPlan plan;
     plan.track = track.index;
-    if (preset == Preset::Passthrough && isCopyable(track, info.container) && track.hasSimpleEdits &&
+    if (preset == Preset::Passthrough && isCopyable(track, info.container) && keepsWhole(track) &&
         track.startsOnKeyFrame)
         plan.treatment = Treatment::Copy;
     plan.orientation = orientationFromDisplayMatrix(track.displayMatrix.data());
@@ -82,7 +87,7 @@ bool isCopiedByAnyPreset(const Track& track, int bitRate) {
     constexpr double slack = 1.25;
     constexpr int profileLowComplexity = 1;
     return track.codec == AV_CODEC_ID_AAC && track.profile == profileLowComplexity && track.channels <= 2 &&
-           track.sampleRate <= 48'000 && track.hasSimpleEdits && track.bitRate > 0 &&
+           track.sampleRate <= 48'000 && keepsWhole(track) && track.bitRate > 0 &&
            static_cast<double>(track.bitRate) <= slack * bitRate;
 }
 
@@ -96,7 +101,7 @@ AudioPlan planAudio(const Track& track, const MediaInfo& info, Preset preset) {
     // Elsewhere a sound track may start, pause and jump as it likes, which only new samples can follow.
     const bool hasSteadyClock = info.container.find("mp4") != std::string::npos;
     const bool isPassed =
-        preset == Preset::Passthrough && isCopyable(track, info.container) && track.hasSimpleEdits;
+        preset == Preset::Passthrough && isCopyable(track, info.container) && keepsWhole(track);
     if (isPassed || (hasSteadyClock && isCopiedByAnyPreset(track, plan.bitRate)))
         plan.treatment = Treatment::Copy;
     return plan;
@@ -111,8 +116,10 @@ double zeroOf(const MediaInfo& info, const ExportPlan& plan) {
     double zero = startOf(plan.video.track);
     for (const AudioPlan& sound : plan.sounds)
         zero = std::min(zero, startOf(sound.track));
-    // Before zero lies what is not to be heard or seen: a codec's run-in, frames that an edit list hides.
-    return std::max(0.0, zero);
+    // These begin before zero where their clock goes round soon after the beginning. Elsewhere what lies
+    // there is not to be heard or seen: a codec's run-in, frames that an edit list hides.
+    const bool goesRound = info.container == "mpegts" || info.container == "mpeg";
+    return goesRound ? zero : std::max(0.0, zero);
 }
 
 /// The same scene needs more bits for each pixel where the pixels are fewer.

@@ -8,8 +8,13 @@ namespace reelsmith::media {
 
 namespace {
 
-/// Times may come this much early: they have been rounded to the source's units.
-constexpr double leastShareOfStep = 0.9;
+/// Of the time between two pictures at the peak rate. Pictures that come too fast may be this much early, for
+/// their times have been rounded to the source's units; those of a source that is no faster as a whole
+/// jitter, as webcams' do.
+double leastShareOfStep(const FrameClock::Settings& settings) {
+    constexpr double slack = 1.06;
+    return settings.frameRate <= slack * settings.peakRate ? 0.55 : 0.9;
+}
 
 AVRational chooseTimeBase(AVRational source) {
     constexpr int coarsest = 1'000;
@@ -26,8 +31,8 @@ FrameClock::FrameClock(const Settings& settings)
       m_timeBase(chooseTimeBase(settings.sourceTimeBase)),
       m_zero(std::llround(settings.zeroSeconds * m_timeBase.den)),
       m_usualDuration(std::max<std::int64_t>(1, std::llround(m_timeBase.den / settings.frameRate))),
-      m_leastStep(
-          static_cast<std::int64_t>(std::ceil(leastShareOfStep * m_timeBase.den / settings.peakRate))),
+      m_leastStep(static_cast<std::int64_t>(
+          std::ceil(leastShareOfStep(settings) * m_timeBase.den / settings.peakRate))),
       m_lastDuration(std::llround(settings.lastSeconds * m_timeBase.den)) {}
 
 std::int64_t FrameClock::timeOf(const AVFrame& frame) const {
@@ -52,7 +57,6 @@ bool FrameClock::stamp(AVFrame& frame) {
         return false;
     m_last = time;
     m_end = time + duration;
-    m_isEndGuessed = !saysDuration;
     frame.pts = time;
     frame.pkt_duration = duration;
     return true;

@@ -17,7 +17,7 @@ public:
         double frameRate = 25;  ///< expected, for pictures that do not say when or how long
         double peakRate = 30;   ///< frames a second
         bool hasTimes = true;   ///< false: pictures come evenly at frameRate, whatever they say
-        double lastSeconds = 0; ///< how long the last picture is on if it does not say; 0: as the others
+        double lastSeconds = 0; ///< how long the last picture is on; 0: as it says itself, or as the others
     };
 
     explicit FrameClock(const Settings& settings);
@@ -33,7 +33,7 @@ public:
 
     /// When the last stamped frame, kept or not, stops being shown.
     std::int64_t end() const {
-        return m_isEndGuessed && m_lastDuration > 0 ? m_last + m_lastDuration : m_end;
+        return m_lastDuration > 0 && m_last != INT64_MIN ? m_last + m_lastDuration : m_end;
     }
 
 private:
@@ -48,7 +48,6 @@ private:
     std::int64_t m_last = INT64_MIN;
     std::int64_t m_lastKept = INT64_MIN;
     std::int64_t m_end = 0;
-    bool m_isEndGuessed = false;
 };
 
 } // namespace reelsmith::media

@@ -28,8 +28,12 @@ struct Track {
     bool isEncrypted = false;
     bool isCoverArt = false;
     bool isDefault = false;
+    bool isForSome = false; ///< a description or sound for the impaired, or a commentary
+    int program = -1;       ///< of a broadcast, by its order there; -1 for none
     /// Kept as it stands by a copy: at most one edit, which starts on a frame that needs no earlier one.
     bool hasSimpleEdits = true;
+    /// False where samples may be described in several ways, of which a copy keeps the first alone.
+    bool hasOneDescription = true;
     /// Whether the first packet is a key frame; true where nobody has looked.
     bool startsOnKeyFrame = true;
     std::string language; ///< as the container writes it, in lower case; empty when unknown

@@ -27,6 +27,23 @@ std::optional<std::int32_t> movieTimescale(int descriptor) {
     return static_cast<std::int32_t>(timescale);
 }
 
+bool hasSeveralDescriptions(int descriptor) {
+    const auto movie = findMovie(descriptor);
+    bool isFound = false;
+    const auto visit = [&](const Box& track) {
+        std::optional<Box> box = track;
+        for (const char* type : {"mdia", "minf", "stbl", "stsd"})
+            box = box ? findBox(descriptor, box->contentStart, box->end, type) : std::nullopt;
+        constexpr int versionAndFlags = 4;
+        isFound = track.type == "trak" && box &&
+                  readBigEndian(descriptor, box->contentStart + versionAndFlags, 4) > 1;
+        return !isFound;
+    };
+    if (movie)
+        walkBoxes(descriptor, movie->contentStart, movie->end, visit);
+    return isFound;
+}
+
 bool hasFragments(int descriptor) {
     const auto movie = findMovie(descriptor);
     const std::int64_t end = ::lseek(descriptor, 0, SEEK_END);

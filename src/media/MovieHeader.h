@@ -10,6 +10,9 @@ namespace reelsmith::media {
 /// where it does not say.
 std::optional<std::int32_t> movieTimescale(int descriptor);
 
+/// Whether some track of an MP4 file has several descriptions of its samples ("stsd"), as joined films have.
+bool hasSeveralDescriptions(int descriptor);
+
 /// Whether an MP4 file may list samples outside its one index, in fragments.
 bool hasFragments(int descriptor);
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/PacketClock.h"
 
+#include "media/Source.h"
+
 #include <algorithm>
 
 namespace reelsmith::media {
@@ -13,12 +15,19 @@ constexpr AVRational microseconds{1, 1'000'000};
 /// reordering.
 constexpr std::int64_t jumpAhead = 10'000'000;
 constexpr std::int64_t jumpBehind = 1'000'000;
+/// A screen that is recorded live may stand still for long.
+constexpr std::int64_t liveJumpAhead = 3'600'000'000;
+
+bool isLive(const AVFormatContext* context) {
+    return isNamed(context, "flv");
+}
 
 } // namespace
 
 PacketClock::PacketClock(const AVFormatContext* context)
     : m_context(context),
-      m_mayJump((context->iformat->flags & AVFMT_TS_DISCONT) != 0),
+      m_mayJump((context->iformat->flags & AVFMT_TS_DISCONT) != 0 || isLive(context)),
+      m_jumpAhead(isLive(context) ? liveJumpAhead : jumpAhead),
       m_tracks(context->nb_streams) {}
 
 void PacketClock::mend(AVPacket& packet) {
@@ -28,7 +37,7 @@ void PacketClock::mend(AVPacket& packet) {
     const AVRational timeBase = m_context->streams[index]->time_base;
     std::int64_t time = av_rescale_q(packet.dts, timeBase, microseconds) + m_shift;
     Track& track = m_tracks[index];
-    if (track.hasBegun && (time > m_newest + jumpAhead || time < track.last - jumpBehind)) {
+    if (track.hasBegun && (time > m_newest + m_jumpAhead || time < track.last - jumpBehind)) {
         // All tracks jump together: where the others stand already says how far.
         const std::int64_t resumed = std::max(track.last + track.step, m_newest - jumpBehind);
         m_shift += resumed - time;

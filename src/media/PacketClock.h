@@ -8,8 +8,9 @@
 
 namespace reelsmith::media {
 
-/// Mends the clock of a transport stream that jumps, where recordings were joined or a counter began anew:
-/// the times of all tracks go on where they were. Leaves containers with one clock throughout alone.
+/// Mends the clock of a transport stream, or of a recorded live stream, that jumps, where recordings were
+/// joined or a counter began anew: the times of all tracks go on where they were. Leaves containers with one
+/// clock throughout alone.
 class PacketClock {
 public:
     explicit PacketClock(const AVFormatContext* context);
@@ -27,7 +28,8 @@ private:
 
     const AVFormatContext* m_context;
     bool m_mayJump;
-    std::int64_t m_shift = 0; ///< microseconds
+    std::int64_t m_jumpAhead; ///< microseconds, as these
+    std::int64_t m_shift = 0;
     std::int64_t m_newest = INT64_MIN;
     std::vector<Track> m_tracks;
 };

@@ -56,7 +56,7 @@ void tag(AVFrame& frame, const ColourTags& tags) {
 /// zimg converts between transfer curves and primaries when they differ; where that is no gain, both sides
 /// say the same, so that only range, matrix and size change.
 void levelColours(ColourPlan& plan) {
-    if (plan.source.primaries != AVCOL_PRI_BT2020 || plan.needsToneMapping) {
+    if (!isWideGamut(plan.source.primaries) || plan.needsToneMapping) {
         plan.source.primaries = plan.result.primaries;
         plan.source.transfer = plan.result.transfer;
     } else {
@@ -128,12 +128,19 @@ Result<void> PictureConverter::choose(const AVFrame& frame) {
     ColourPlan colours = way->colour;
     levelColours(colours);
     const auto chroma = way->chroma == AVCHROMA_LOC_UNSPECIFIED ? AVCHROMA_LOC_LEFT : way->chroma;
-    const PlanarScaler::Picture from{way->format, frame.width, frame.height, colours.source, chroma};
+    PlanarScaler::Picture from{way->format, frame.width, frame.height, colours.source, chroma};
     PlanarScaler::Picture to{AV_PIX_FMT_YUV420P, m_width, m_height, colours.result, AVCHROMA_LOC_LEFT};
     if (way->colour.needsToneMapping) {
-        way->toneMapper.emplace(way->colour.source, peakNits(frame));
+        ColourTags mapped = way->colour.source;
         to.format = AV_PIX_FMT_YUV444P16;
         to.colour = colours.source;
+        if (mapped.matrix == AVCOL_SPC_RGB || mapped.matrix == AVCOL_SPC_ICTCP) {
+            // Such a matrix depends on the curve.
+            to.colour = from.colour = mapped;
+            to.colour.matrix = mapped.matrix = AVCOL_SPC_BT2020_NCL;
+            to.colour.range = mapped.range = AVCOL_RANGE_MPEG;
+        }
+        way->toneMapper.emplace(mapped, peakNits(frame));
     }
     if (!(from == to)) {
         auto scaler = PlanarScaler::make(from, to);

@@ -16,10 +16,6 @@ namespace reelsmith::media {
 
 namespace {
 
-bool isNamed(const AVFormatContext* context, const char* name) {
-    return std::strstr(context->iformat->name, name) != nullptr;
-}
-
 TrackKind kindOf(const AVStream* stream) {
     switch (stream->codecpar->codec_type) {
     case AVMEDIA_TYPE_VIDEO:
@@ -120,6 +116,8 @@ Track describe(AVFormatContext* context, AVStream* stream) {
     track.isCoverArt =
         (stream->disposition & (AV_DISPOSITION_ATTACHED_PIC | AV_DISPOSITION_TIMED_THUMBNAILS)) != 0;
     track.isDefault = (stream->disposition & AV_DISPOSITION_DEFAULT) != 0;
+    track.isForSome = (stream->disposition & (AV_DISPOSITION_VISUAL_IMPAIRED |
+                                              AV_DISPOSITION_HEARING_IMPAIRED | AV_DISPOSITION_COMMENT)) != 0;
     track.hasSimpleEdits = hasSimpleEdits(stream);
     track.language = languageOf(stream);
     track.timeBase = stream->time_base;
@@ -155,6 +153,16 @@ void findEmptyTracks(MediaInfo& info, const AVFormatContext* context) {
     }
 }
 
+void findPrograms(MediaInfo& info, const AVFormatContext* context) {
+    for (int program = static_cast<int>(context->nb_programs) - 1; program >= 0; --program) {
+        const AVProgram& each = *context->programs[program];
+        for (unsigned i = 0; i < each.nb_stream_indexes; ++i) {
+            if (each.stream_index[i] < info.tracks.size())
+                info.tracks[each.stream_index[i]].program = program;
+        }
+    }
+}
+
 void describeDuration(MediaInfo& info, const AVFormatContext* context, int descriptor) {
     if (context->duration <= 0)
         return;
@@ -182,6 +190,11 @@ MediaInfo probe(const Source& source) {
     for (unsigned i = 0; i < context->nb_streams; ++i)
         info.tracks.push_back(describe(context, context->streams[i]));
     findEmptyTracks(info, context);
+    findPrograms(info, context);
+    if (isNamed(context, "mp4") && hasSeveralDescriptions(source.descriptor())) {
+        for (Track& track : info.tracks)
+            track.hasOneDescription = false;
+    }
     describeDuration(info, context, source.descriptor());
     return info;
 }

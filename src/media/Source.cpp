@@ -27,12 +27,30 @@ constexpr const char* containers =
 /// Consecutive read errors after which the rest of a file counts as lost.
 constexpr int maximumReadErrors = 64;
 
-int refuseNestedOpen(AVFormatContext*, AVIOContext**, const char*, int, AVDictionary**) {
-    return AVERROR(EACCES);
+/// In a broadcast's recording a track may say late how it is made: it begins late, or between key frames.
+constexpr std::int64_t longLookBytes = 50 << 20;
+constexpr std::int64_t longLookMicroseconds = 60'000'000;
+
+bool lacksParameters(const AVFormatContext* context) {
+    if (!(context->iformat->flags & AVFMT_TS_DISCONT))
+        return false;
+    return std::any_of(context->streams, context->streams + context->nb_streams, [](const AVStream* track) {
+        const AVCodecParameters* codec = track->codecpar;
+        const bool isPicture = codec->codec_type == AVMEDIA_TYPE_VIDEO;
+        const bool isSound = codec->codec_type == AVMEDIA_TYPE_AUDIO;
+        const bool isLacking =
+            (isPicture && codec->width == 0) || (isSound && codec->ch_layout.nb_channels == 0);
+        return isLacking && avcodec_find_decoder(codec->codec_id);
+    });
 }
 
-bool isNamed(const AVFormatContext* context, const char* name) {
-    return std::strstr(context->iformat->name, name) != nullptr;
+ColourTags namedColours(AVCodecParameters& track) {
+    dropUnnamedColours(track);
+    return coloursOf(track);
+}
+
+int refuseNestedOpen(AVFormatContext*, AVIOContext**, const char*, int, AVDictionary**) {
+    return AVERROR(EACCES);
 }
 
 bool isDescribedByHeaders(const AVFormatContext* context) {
@@ -80,6 +98,10 @@ std::int64_t durationOf(const AVPacket& packet, AVStream* track) {
 
 } // namespace
 
+bool isNamed(const AVFormatContext* context, const char* name) {
+    return std::strstr(context->iformat->name, name) != nullptr;
+}
+
 Source::Source(int descriptor)
     : m_io(descriptor, DescriptorIo::Access::Read),
       m_context(avformat_alloc_context()),
@@ -97,7 +119,19 @@ Source::~Source() {
 }
 
 Result<std::unique_ptr<Source>> Source::open(int descriptor, Detail detail) {
+    auto source = open(descriptor, detail, Look::Usual);
+    if (!source || detail == Detail::Passed || !lacksParameters((*source)->m_context))
+        return source;
+    auto lookedLonger = open(descriptor, detail, Look::Long);
+    return lookedLonger ? std::move(lookedLonger) : std::move(source);
+}
+
+Result<std::unique_ptr<Source>> Source::open(int descriptor, Detail detail, Look look) {
     std::unique_ptr<Source> source(new Source(descriptor));
+    if (look == Look::Long) {
+        source->m_context->probesize = longLookBytes;
+        source->m_context->max_analyze_duration = longLookMicroseconds;
+    }
     if (source->m_sizeBytes == 0)
         return failure(ErrorCode::InvalidSource, "The file is empty");
     if (auto opened = source->openContainer(); !opened)
@@ -113,6 +147,8 @@ Result<std::unique_ptr<Source>> Source::open(int descriptor, Detail detail) {
 Result<void> Source::openContainer() {
     AVDictionary* options = nullptr;
     av_dict_set(&options, "format_whitelist", containers, 0);
+    // A broadcast may move its tracks on the way.
+    av_dict_set(&options, "merge_pmt_versions", "1", 0);
     const int result = avformat_open_input(&m_context, nullptr, nullptr, &options);
     av_dict_free(&options);
     if (result < 0)
@@ -130,9 +166,17 @@ Result<void> Source::findTracks(Detail detail) {
         av_dict_set_int(&each, "max_pixels", maximumPixels, 0);
     }
     const unsigned given = m_context->nb_streams;
+    // What the container says of the colours is lost where a decoder looks and finds nothing.
+    std::vector<ColourTags> told;
+    for (unsigned i = 0; i < given; ++i)
+        told.push_back(namedColours(*m_context->streams[i]->codecpar));
     const int result = avformat_find_stream_info(m_context, options.data());
     for (unsigned i = 0; i < given; ++i)
         av_dict_free(&options[i]);
+    for (unsigned i = 0; i < given; ++i) {
+        dropUnnamedColours(*m_context->streams[i]->codecpar);
+        fillInColours(*m_context->streams[i]->codecpar, told[i]);
+    }
     if (result < 0)
         return ffmpegFailure(ErrorCode::InvalidSource, "The file's tracks cannot be read", result);
     return {};

@@ -13,6 +13,9 @@
 
 namespace reelsmith::media {
 
+/// Whether the file is of the kind that FFmpeg knows by this name, perhaps among others.
+bool isNamed(const AVFormatContext* context, const char* name);
+
 /// An opened video file: its container and tracks, ready to be read packet by packet.
 ///
 /// Reads the descriptor and nothing else: a playlist or a reference that names another file is refused, and
@@ -58,7 +61,10 @@ public:
     int descriptor() const { return m_io.descriptor(); }
 
 private:
+    enum class Look { Usual, Long };
+
     explicit Source(int descriptor);
+    static Result<std::unique_ptr<Source>> open(int descriptor, Detail detail, Look look);
     Result<void> openContainer();
     Result<void> findTracks(Detail detail);
     Result<void> preparePassing();

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/TrackChoice.h"
 
+#include "media/ExportPlan.h"
+
 #include <algorithm>
 
 extern "C" {
@@ -73,8 +75,15 @@ std::vector<const Track*> chosenSounds(const MediaInfo& info, Preset preset,
         if (track.kind == TrackKind::Audio && track.hasSamples && isKnown && !track.isEncrypted)
             candidates.push_back(&track);
     }
+    const Track* video = shownVideoTrack(info);
+    const auto isOfOther = [video](const Track* track) { return video && track->program != video->program; };
+    if (!std::ranges::all_of(candidates, isOfOther))
+        std::erase_if(candidates, isOfOther);
     if (preset == Preset::Passthrough || candidates.empty())
         return candidates;
+    const auto isForSome = [](const Track* track) { return track->isForSome; };
+    if (!std::ranges::all_of(candidates, isForSome))
+        std::erase_if(candidates, isForSome);
     return {chooseSound(candidates, languages)};
 }
 

@@ -176,6 +176,24 @@ TEST(ExportPlan, SoundIsCopiedOnlyWhereEveryPlayerTakesIt) {
     }
     const Track edited = changed(soundTrack(), [](Track& track) { track.hasSimpleEdits = false; });
     EXPECT_EQ(planOf(fileOf({videoTrack(), edited}), passthrough).sounds[0].treatment, Treatment::Encode);
+    const Track joined = changed(videoTrack(), [](Track& track) { track.hasOneDescription = false; });
+    EXPECT_EQ(planOf(fileOf({joined}), passthrough).video.treatment, Treatment::Encode);
+}
+
+TEST(ExportPlan, TheSoundIsOfTheSameProgramAndForAll) {
+    const auto sound = [](int program, bool isForSome) {
+        return changed(soundTrack("deu"), [&](Track& track) {
+            track.program = program;
+            track.isForSome = isForSome;
+        });
+    };
+    const Track video = changed(videoTrack(), [](Track& track) { track.program = 1; });
+    const auto chosen = [&](const std::vector<Track>& tracks) {
+        return planOf(fileOf(tracks), low, {"deu"}).sounds.at(0).track;
+    };
+    EXPECT_EQ(chosen({video, sound(0, false), sound(1, true), sound(1, false)}), 3);
+    EXPECT_EQ(chosen({video, sound(0, false), sound(1, true)}), 2);
+    EXPECT_EQ(chosen({video, sound(0, false)}), 1);
 }
 
 TEST(ExportPlan, TheEarliestOfPictureAndKeptSoundIsZero) {
@@ -187,6 +205,10 @@ TEST(ExportPlan, TheEarliestOfPictureAndKeptSoundIsZero) {
         info.tracks[2].startSeconds = left;
         EXPECT_DOUBLE_EQ(planOf(info, low, {"deu"}).zeroSeconds, expected);
     }
+    // A broadcast's clock may go round soon after the beginning.
+    MediaInfo broadcast = fileOf({videoTrack()}, "mpegts");
+    broadcast.tracks[0].startSeconds = -33;
+    EXPECT_EQ(planOf(broadcast, low).zeroSeconds, -33);
 }
 
 TEST(ColourPlan, SaysWhatIsMeantAndWhatBecomesOfIt) {
