@@ -96,13 +96,29 @@ BottomSheet {
             card.controller.qualityTapped();
         }
     }
-    SpokenText {
+    // As high as the longest of them, so that nothing jumps.
+    Item {
         width: parent.width
-        leftPadding: Theme.hair * 2
-        topPadding: Theme.gap8
-        text: card.sentences[card.controller.qualitySegmentedView.selectedSegmentIndex]
-        textStyle: Theme.note
-        color: Theme.inkSoft
+        height: childrenRect.height
+
+        Repeater {
+            model: card.sentences
+
+            // qmllint disable unqualified
+            SpokenText {
+                required property int index
+                required property string modelData
+
+                width: parent?.width ?? 0
+                leftPadding: Theme.hair * 2
+                topPadding: Theme.gap8
+                visible: index === card.controller.qualitySegmentedView.selectedSegmentIndex
+                text: modelData
+                textStyle: Theme.note
+                color: Theme.inkSoft
+            }
+            // qmllint enable unqualified
+        }
     }
     footer: Button {
         objectName: "convert"

@@ -25,8 +25,6 @@ Screen {
         }
     }
     LibraryEmptyState {
-        anchors.verticalCenter: parent.verticalCenter
-        anchors.verticalCenterOffset: -Theme.gap48
         visible: !screen.controller.emptyStateView.isHidden
     }
 }

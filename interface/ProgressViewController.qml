@@ -11,6 +11,7 @@ CenterCard {
 
     label: controller.titleLabel.text
     sideMargin: Theme.progressMargin
+    gap: Theme.gap24
 
     header: Row {
         width: parent.width
@@ -31,6 +32,9 @@ CenterCard {
                 width: parent.width
                 text: card.controller.titleLabel.text
                 textStyle: Theme.heading
+                wrapMode: Text.NoWrap
+                fontSizeMode: Text.HorizontalFit
+                minimumPixelSize: Theme.note.size
             }
             SpokenText {
                 width: parent.width

@@ -27,6 +27,7 @@ Overlay {
         width: sheet.controller.isPopover ? Theme.popoverWidth : parent.width - 2 * Theme.sheetMargin
         y: sheet.controller.isPopover ? besideAnchor : lowest + (1 - sheet.arrival) * hiddenBy
         height: implicitHeight
+        bottomPadding: Theme.gap12
         opacity: sheet.controller.isPopover ? sheet.presence : 1
         tallest: sheet.height - 2 * Theme.overlayMargin
         radius: sheet.controller.isPopover ? Theme.cardRadius : Theme.sheetRadius
@@ -51,6 +52,10 @@ Overlay {
             width: (parent?.width ?? 0) + 2 * panel.padding
             height: Theme.hair
             color: Theme.line
+        }
+        Item {
+            width: 1
+            height: Theme.gap8
         }
         Repeater {
             model: sheet.controller.entries

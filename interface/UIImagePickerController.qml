@@ -39,6 +39,7 @@ Screen {
     }
     EmptyState {
         anchors.verticalCenter: parent.verticalCenter
+        room: parent.height - 2 * bar.height
         visible: !screen.controller.emptyStateView.isHidden
         title: "No videos here"
         message: "Record one or copy it to Videos or Pictures."

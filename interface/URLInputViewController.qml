@@ -56,6 +56,7 @@ CenterCard {
     }
     SpokenText {
         width: parent.width
+        leftPadding: Theme.hair * 2
         topPadding: Theme.gap8
         text: "AVI, MOV, MP4, MKV or HEVC"
         textStyle: Theme.smallNote

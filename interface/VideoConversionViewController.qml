@@ -162,10 +162,11 @@ Screen {
             width: parent.width
             spacing: Theme.gap8
             topPadding: Theme.gap8
-            visible: !Theme.isTall || Theme.showsRows
+            visible: !Theme.isCompact && (!Theme.isTall || Theme.isLargeText)
 
             Icon {
                 anchors.verticalCenter: parent.verticalCenter
+                anchors.verticalCenterOffset: promise.topPadding / 2
                 name: "shield"
                 color: Theme.accent
                 size: Theme.rowIcon

@@ -11,6 +11,7 @@ BottomSheet {
 
     label: controller.titleLabel.text
     dissolves: true
+    bottomPadding: Theme.gap12
     onDimTapped: controller.requestDismiss()
 
     header: SheetHeader {

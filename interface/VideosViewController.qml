@@ -24,8 +24,6 @@ Screen {
         }
     }
     LibraryEmptyState {
-        anchors.verticalCenter: parent.verticalCenter
-        anchors.verticalCenterOffset: -Theme.gap48
         visible: !screen.controller.emptystateView.isHidden
     }
 }

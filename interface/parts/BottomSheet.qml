@@ -7,6 +7,7 @@ Overlay {
     id: sheet
 
     property bool dissolves: false
+    property alias bottomPadding: panel.bottomPadding
     property alias header: panel.header
     property alias footer: panel.footer
     property alias spacing: panel.spacing

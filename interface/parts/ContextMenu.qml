@@ -2,8 +2,8 @@
 import QtQuick
 
 /// A menu for one thing on the screen, which stands at `anchorRect` of the window: `actions` (each with a "title", an
-/// "image" and whether it "isDestructive") below it, or above where there is no room. `chosen` tells the index. Its
-/// children are shown lifted in the place of that thing.
+/// "image" and whether it "isDestructive") below it, or above or else beside it where there is no room. `chosen` tells
+/// the index. Its children are shown lifted in the place of that thing.
 Overlay {
     id: overlay
 
@@ -13,7 +13,9 @@ Overlay {
 
     readonly property real anchorRight: anchorRect.x + anchorRect.width - columnLeft
     readonly property real anchorBottom: anchorRect.y + anchorRect.height
-    readonly property bool isAbove: anchorBottom + Theme.gap24 + menu.height > height - Theme.overlayMargin
+    readonly property bool isBelow: anchorBottom + Theme.gap24 + menu.height <= height - Theme.overlayMargin
+    readonly property bool isAbove: !isBelow && anchorRect.y - Theme.gap24 - menu.height >= Theme.overlayMargin
+    readonly property bool isBeside: !isBelow && !isAbove
     readonly property bool isAtRight: anchorRight - menu.width >= Theme.sideMargin
 
     signal chosen(int index)
@@ -35,11 +37,15 @@ Overlay {
     Rectangle {
         id: menu
 
-        readonly property real wantedY: overlay.isAbove ? overlay.anchorRect.y - Theme.gap24 - height
+        readonly property real besideX: overlay.isAtRight ? lift.x - Theme.gap24 - width
+                                                          : overlay.anchorRight + Theme.gap24
+        readonly property real edgeX: overlay.isAtRight ? overlay.anchorRight - width : Theme.sideMargin
+        readonly property real wantedX: overlay.isBeside ? besideX : edgeX
+        readonly property real wantedY: overlay.isBeside ? overlay.anchorRect.y
+                                      : overlay.isAbove ? overlay.anchorRect.y - Theme.gap24 - height
                                                         : overlay.anchorBottom + Theme.gap24
 
-        x: Math.min(overlay.isAtRight ? overlay.anchorRight - width : Theme.sideMargin,
-                    parent.width - Theme.sideMargin - width)
+        x: Math.max(Theme.sideMargin, Math.min(parent.width - Theme.sideMargin - width, wantedX))
         y: Math.max(Theme.overlayMargin, Math.min(overlay.height - Theme.overlayMargin - height, wantedY))
         width: Theme.menuWidth
         height: rows.height

@@ -3,12 +3,14 @@ import QtQuick
 import Reelsmith as App
 
 /// What stands where nothing is yet: art, `title`, one sentence (`message`), and below a short line its children, which
-/// say what to do. Put it where its middle belongs, or a little above.
+/// say what to do. Put it where its middle belongs, or a little above. Where it would be higher than `room`, the art
+/// gives way.
 Column {
     id: state
 
     property string title
     property string message
+    property real room: parent?.height ?? 0
     default property alias hint: hintRow.data
 
     width: parent?.width ?? 0
@@ -17,6 +19,7 @@ Column {
         anchors.horizontalCenter: parent.horizontalCenter
         width: Theme.emptyArtWidth
         height: Theme.emptyArtHeight
+        visible: height + words.height <= state.room
         name: "library-empty"
         tints: ({
                 "line": Theme.cardLine,
@@ -26,45 +29,51 @@ Column {
                 "spark": Theme.spark
             })
     }
-    Item {
-        width: 1
-        height: Theme.gap12
-    }
-    SpokenText {
-        x: Theme.gap32
-        width: parent.width - 2 * x
-        horizontalAlignment: Text.AlignHCenter
-        text: state.title
-        textStyle: Theme.title
-        Accessible.role: Accessible.Heading
-    }
-    Item {
-        width: 1
-        height: Theme.gap8
-    }
-    SpokenText {
-        x: Theme.gap48
-        width: parent.width - 2 * x
-        horizontalAlignment: Text.AlignHCenter
-        text: state.message
-        color: Theme.inkSoft
-    }
-    Item {
+    Column {
+        id: words
+
         width: parent.width
-        height: 2 * Theme.gap24
-        visible: hintRow.width > 0
 
-        Rectangle {
-            anchors.centerIn: parent
-            width: Theme.shortLine
-            height: Theme.hair
-            color: Theme.cardLine
+        Item {
+            width: 1
+            height: Theme.gap12
         }
-    }
-    Row {
-        id: hintRow
+        SpokenText {
+            x: Theme.gap32
+            width: parent.width - 2 * x
+            horizontalAlignment: Text.AlignHCenter
+            text: state.title
+            textStyle: Theme.title
+            Accessible.role: Accessible.Heading
+        }
+        Item {
+            width: 1
+            height: Theme.gap8
+        }
+        SpokenText {
+            x: Theme.gap48
+            width: parent.width - 2 * x
+            horizontalAlignment: Text.AlignHCenter
+            text: state.message
+            color: Theme.inkSoft
+        }
+        Item {
+            width: parent.width
+            height: 2 * Theme.gap24
+            visible: hintRow.width > 0
 
-        anchors.horizontalCenter: parent.horizontalCenter
-        spacing: Theme.iconTextGap
+            Rectangle {
+                anchors.centerIn: parent
+                width: Theme.shortLine
+                height: Theme.hair
+                color: Theme.cardLine
+            }
+        }
+        Row {
+            id: hintRow
+
+            anchors.horizontalCenter: parent.horizontalCenter
+            spacing: Theme.iconTextGap
+        }
     }
 }

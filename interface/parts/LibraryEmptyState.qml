@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
 
-/// What both layouts of the library show while it is empty.
+/// What both layouts of the library show while it is empty, a little above the middle where there is room.
 EmptyState {
     id: empty
 
+    y: Math.max(0, (room - height) / 4, (room - height) / 2 - Theme.gap48)
     title: "No videos yet"
     message: "Everything you convert is kept here, ready to play and share."
 

@@ -58,7 +58,8 @@ T.MenuItem {
     }
     PressMarks {
         anchors.fill: parent
+        anchors.margins: Theme.gap4
         control: control
-        radius: Theme.cardRadius
+        radius: Theme.cardRadius - Theme.gap4
     }
 }

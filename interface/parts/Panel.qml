@@ -2,12 +2,14 @@
 import QtQuick
 
 /// A sheet or card over a screen: `header` and `footer` stay, its children between them scroll once the whole would be
-/// higher than `tallest`. All three are columns, `padding` from its edges and `gap` apart. Where that leaves next to
-/// nothing between the two, as a keyboard does on a phone that lies down, all three scroll together.
+/// higher than `tallest`. All three are columns, `padding` from its edges (`bottomPadding` from the lower) and `gap`
+/// apart. Where that leaves next to nothing between the two, as a keyboard does on a phone that lies down, all three
+/// scroll together.
 Rectangle {
     id: panel
 
     property real padding: Theme.sheetPadding
+    property real bottomPadding: padding
     property real gap: Theme.gap16
     property real tallest: Infinity
     property alias header: headerColumn.data
@@ -16,7 +18,7 @@ Rectangle {
     default property alias rows: middle.data
 
     readonly property real aboveBody: padding + (headerColumn.implicitHeight > 0 ? headerColumn.implicitHeight + gap : 0)
-    readonly property real belowBody: padding + (footerColumn.implicitHeight > 0 ? footerColumn.implicitHeight + gap : 0)
+    readonly property real belowBody: bottomPadding + (footerColumn.implicitHeight > 0 ? footerColumn.implicitHeight + gap : 0)
     readonly property bool scrollsWhole: tallest < aboveBody + Theme.leastBody + belowBody
 
     implicitHeight: Math.min(tallest, body.implicitHeight + (scrollsWhole ? 0 : aboveBody + belowBody))
@@ -53,7 +55,7 @@ Rectangle {
         height: panel.height - (panel.scrollsWhole ? 0 : panel.aboveBody + panel.belowBody)
         margin: panel.padding
         topPadding: panel.scrollsWhole ? panel.padding : 0
-        bottomPadding: topPadding
+        bottomPadding: panel.scrollsWhole ? panel.bottomPadding : 0
         spacing: panel.gap
 
         Item {
@@ -80,7 +82,7 @@ Rectangle {
         id: bottom
 
         x: panel.padding
-        y: panel.height - panel.padding - footerColumn.height
+        y: panel.height - panel.bottomPadding - footerColumn.height
 
         Column {
             id: footerColumn

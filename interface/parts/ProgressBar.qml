@@ -14,14 +14,14 @@ T.ProgressBar {
     implicitWidth: Theme.alertWidth
     implicitHeight: Theme.progressHeight
     Accessible.name: label
-    Accessible.description: indeterminate ? "" : Math.round(value * 100) + "%"
+    Accessible.description: indeterminate ? "" : Math.floor(value * 100) + "%"
 
     background: Rectangle {
         radius: height / 2
         color: Theme.field
     }
     contentItem: Item {
-        Rectangle {
+        Item {
             id: fill
 
             readonly property real travel: bar.width - width
@@ -31,19 +31,24 @@ T.ProgressBar {
             x: bar.indeterminate ? place * travel : 0
             width: bar.indeterminate ? bar.width / 3 : bar.value > 0 ? Math.max(bar.filled, height) : 0
             height: parent.height
-            radius: height / 2
-            color: Theme.spark
 
             Rectangle {
+                anchors.right: parent.right
+                width: Math.min(Theme.progressTip + height, parent.width)
+                height: parent.height
+                radius: height / 2
+                color: Theme.spark
+            }
+            // Cut out of a longer piece, so that its end is round however little of it is seen.
+            Item {
                 width: Math.max(0, parent.width - Theme.progressTip)
                 height: parent.height
-                radius: Math.min(width, height) / 2
-                color: Theme.accent
+                clip: true
 
                 Rectangle {
-                    anchors.right: parent.right
-                    width: parent.width / 2
+                    width: fill.width
                     height: parent.height
+                    radius: height / 2
                     color: Theme.accent
                 }
             }

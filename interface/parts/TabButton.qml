@@ -46,11 +46,10 @@ T.TabButton {
                     name: control.iconName
                     color: control.isSelected ? Theme.accent : Theme.gray
                 }
-                Rectangle {
+                PressMarks {
                     anchors.fill: parent
+                    control: control
                     radius: parent.radius
-                    color: control.pressed ? Theme.pressedVeil : Theme.hoverVeil
-                    visible: control.pressed || control.hovered
                 }
             }
             StyledText {
@@ -65,12 +64,5 @@ T.TabButton {
                 minimumPixelSize: Theme.smallestTab
             }
         }
-    }
-
-    PressMarks {
-        anchors.fill: parent
-        control: control
-        radius: Theme.fieldRadius
-        veils: false
     }
 }

@@ -34,7 +34,14 @@ T.TextField {
     Accessible.name: label
     // Until someone types, its beginning says more than its end.
     onTextChanged: if (!activeFocus) cursorPosition = 0
-    onActiveFocusChanged: activeFocus && selectsOnFocus ? selectAll() : deselect()
+    onActiveFocusChanged: {
+        if (!selectsOnFocus)
+            deselect();
+        else if (activeFocus)
+            selectAll();
+        else
+            cursorPosition = 0;
+    }
 
     background: Rectangle {
         radius: Theme.fieldRadius

@@ -249,9 +249,9 @@ QtObject {
         blur: 40
     }
     readonly property ShadowStyle tileHalo: ShadowStyle {
-        layers: "0,8,0.7"
-        reach: 8
-        blur: 8
+        layers: "0,12,0.7"
+        reach: 12
+        blur: 12
         tint: theme.tileShadow
     }
     readonly property ShadowStyle playShadow: ShadowStyle {

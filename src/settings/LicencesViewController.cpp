@@ -4,6 +4,7 @@
 #include "platform/foundation/FatalError.h"
 
 #include <QFile>
+#include <QRegularExpression>
 
 namespace reelsmith {
 
@@ -18,6 +19,21 @@ const QString parts = QStringLiteral("Reelsmith: GNU GPL, version 3 or later\n"
                                      "zlib: zlib licence\n"
                                      "expected: CC0");
 
+// Written for lines of one width, it would break twice on a narrower screen. Headings, which are centred by
+// spaces, and copyright lines keep a line of their own.
+QString withoutWrapping(const QString& text) {
+    static const QRegularExpression ownLine(QStringLiteral("^$|^ {8}|Copyright \\(C\\)"));
+    QString joined;
+    bool goesOn = false;
+    for (const QString& line : text.split(QLatin1Char('\n'))) {
+        const bool isOwn = line.contains(ownLine);
+        joined += QLatin1Char(goesOn && !isOwn ? ' ' : '\n');
+        joined += goesOn || isOwn ? line.trimmed() : line;
+        goesOn = !isOwn;
+    }
+    return joined.mid(1);
+}
+
 } // namespace
 
 void LicencesViewController::viewDidLoad() {
@@ -26,7 +42,7 @@ void LicencesViewController::viewDidLoad() {
     if (!licence.open(QIODevice::ReadOnly))
         fatalError("The licence is missing", "settings/LicencesViewController", __LINE__);
     m_partsLabel.setText(parts);
-    m_licenceLabel.setText(QString::fromUtf8(licence.readAll()));
+    m_licenceLabel.setText(withoutWrapping(QString::fromUtf8(licence.readAll())));
 }
 
 } // namespace reelsmith

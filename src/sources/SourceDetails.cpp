@@ -62,8 +62,9 @@ SourceDetails SourceDetails::of(const QUrl& file) {
 }
 
 QString SourceDetails::sizeText(qint64 bytes) {
-    return QLocale::system().formattedDataSize(bytes, bytes < 10'000'000'000 ? 1 : 0,
-                                               QLocale::DataSizeSIFormat);
+    return QLocale::system()
+        .formattedDataSize(bytes, bytes < 10'000'000'000 ? 1 : 0, QLocale::DataSizeSIFormat)
+        .replace(QLatin1Char(' '), QChar::Nbsp);
 }
 
 } // namespace reelsmith

@@ -28,7 +28,7 @@ struct SourceDetails {
     /// The same, at once. Any thread.
     static SourceDetails of(const QUrl& file);
 
-    /// "37.6 MB": as a person would say it, in units of 1000.
+    /// "37.6 MB": as a person would say it, in units of 1000; it stays in one line.
     static QString sizeText(qint64 bytes);
 };
 

@@ -72,10 +72,10 @@ TEST_F(ConvertFlow, AWebAddressEndsInTheShareSheet) {
     m_web->report(12'400'000, std::nullopt);
     EXPECT_TRUE(downloading.progressVIew()->isIndeterminate());
     EXPECT_EQ(downloading.progressLabel()->text(), QString());
-    EXPECT_EQ(downloading.remainingLabel()->text(), u"12.4 MB"_s);
+    EXPECT_EQ(downloading.remainingLabel()->text(), u"12.4\u00A0MB"_s);
     m_web->report(12'400'000, 80'000'000);
     ASSERT_TRUE(runLoopUntil([&] { return downloading.progressLabel()->text() == u"15%"_s; }));
-    EXPECT_EQ(downloading.remainingLabel()->text(), u"12.4 MB of 80.0 MB"_s);
+    EXPECT_EQ(downloading.remainingLabel()->text(), u"12.4\u00A0MB of 80.0\u00A0MB"_s);
     m_web->finish(goodScript);
 
     EXPECT_EQ(await<ConversionQualityViewController>().filenameTextField()->text(), u"clip"_s);

@@ -120,7 +120,12 @@ TEST_F(SettingsScreens, TheLicencesHoldTheTermsOfTheApplicationWhole) {
     ASSERT_TRUE(runLoopUntil([this] { return stack(2).topViewController()->isVisible(); }));
     auto* licences = qobject_cast<LicencesViewController*>(stack(2).topViewController());
     ASSERT_NE(licences, nullptr);
-    EXPECT_TRUE(licences->licenceLabel()->text().contains(u"END OF TERMS AND CONDITIONS"_s));
+    const QString terms = licences->licenceLabel()->text();
+    EXPECT_TRUE(terms.contains(u"\nEND OF TERMS AND CONDITIONS\n"_s));
+    EXPECT_TRUE(
+        terms.contains(u"\n  The GNU General Public License is a free, copyleft license for software and "
+                       "other kinds of works.\n"_s));
+    EXPECT_TRUE(terms.contains(u"<https://fsf.org/>\n Everyone is permitted"_s));
 }
 
 TEST_F(SettingsScreens, AHighRatingIsRememberedAndLeadsToTheStore) {

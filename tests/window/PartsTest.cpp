@@ -156,6 +156,40 @@ TEST(TextField, OffersToClearWhatItHolds) {
     EXPECT_EQ(stage.root().property("text").toString(), "");
 }
 
+TEST(TextField, ShowsItsBeginningOnceItIsLeft) {
+    Stage stage(R"(Item {
+        TextField { objectName: "name"; text: "holiday"; selectsOnFocus: true; focus: true }
+        Button { objectName: "next" }
+    })");
+    EXPECT_EQ(stage.item("name").property("cursorPosition"), 7);
+    stage.item("next").forceActiveFocus();
+    EXPECT_EQ(stage.item("name").property("cursorPosition"), 0);
+    EXPECT_EQ(stage.item("name").property("selectedText"), "");
+}
+
+TEST(ContextMenu, LeavesInSightWhatItIsFor) {
+    const struct {
+        QSize window;
+        QRectF anchor;
+    } cases[] = {
+        {{390, 844}, {20, 100, 167, 167}},  // where there is room below
+        {{390, 844}, {203, 600, 167, 167}}, // above
+        {{844, 390}, {202, 97, 167, 167}},  // only beside, at the right
+        {{844, 390}, {475, 97, 167, 167}},  // at the left
+    };
+    for (const auto& [window, anchor] : cases) {
+        Stage stage(R"(ContextMenu {
+            actions: ["Share", "Play", "Delete"].map(title => ({ title, image: "share", isDestructive: false }))
+        })",
+                    window);
+        stage.root().setProperty("anchorRect", anchor);
+        const QQuickItem& menu = *stage.window().activeFocusItem()->parentItem();
+        const QRectF place = menu.mapRectToScene(menu.boundingRect());
+        EXPECT_FALSE(place.intersects(anchor)) << window.width() << ", " << anchor.x();
+        EXPECT_TRUE(QRectF({}, window).contains(place)) << window.width() << ", " << anchor.x();
+    }
+}
+
 TEST(SteadyDigits, AreAsWideWhateverTheNumber) {
     Stage stage(R"(Column {
         SteadyDigits { objectName: "narrow"; text: "11:11" }
