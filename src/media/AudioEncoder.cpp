@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/AudioEncoder.h"
 
-#include <algorithm>
-
 namespace reelsmith::media {
 
 Result<std::unique_ptr<AudioEncoder>> AudioEncoder::open(int sampleRate, int channels, int bitRate) {

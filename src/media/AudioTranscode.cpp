@@ -37,8 +37,9 @@ Result<std::unique_ptr<AudioTranscode>> AudioTranscode::make(const Source& sourc
     made->m_encoder = std::move(*encoder);
     if (auto described = made->describe(track); !described)
         return tl::unexpected(described.error());
-    context.latch.onFailure([self = made.get()] { self->m_packets.abandon(); });
     made->m_stage = Stage(context.latch, [self = made.get()] { return self->run(); });
+    // From here on it lives as long as the latch.
+    context.latch.onFailure([self = made.get()] { self->m_packets.abandon(); });
     return made;
 }
 

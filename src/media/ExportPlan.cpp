@@ -131,14 +131,6 @@ double bitsPerPixel(Preset preset, double pixels) {
 
 } // namespace
 
-const Track* shownVideoTrack(const MediaInfo& info) {
-    const auto found = std::find_if(info.tracks.begin(), info.tracks.end(), [](const Track& track) {
-        return track.kind == TrackKind::Video && !track.isCoverArt && track.hasDecoder && track.hasSamples &&
-               track.width > 0 && track.height > 0;
-    });
-    return found == info.tracks.end() ? nullptr : &*found;
-}
-
 Result<ExportPlan> planExport(const MediaInfo& info, Preset preset,
                               const std::vector<std::string>& languages) {
     const Result<const Track*> video = chooseVideo(info);
@@ -152,7 +144,7 @@ Result<ExportPlan> planExport(const MediaInfo& info, Preset preset,
     for (const Track& track : info.tracks) {
         if (track.kind == TrackKind::Subtitle && isText(track.codec) && track.hasDecoder &&
             !track.isEncrypted)
-            plan.texts.push_back({track.index, Treatment::Encode});
+            plan.texts.push_back({track.index});
     }
     plan.zeroSeconds = zeroOf(info, plan);
     return plan;

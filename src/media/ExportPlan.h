@@ -46,7 +46,6 @@ struct AudioPlan {
 
 struct TextPlan {
     int track = 0;
-    Treatment treatment = Treatment::Encode;
     bool operator==(const TextPlan&) const = default;
 };
 
@@ -59,10 +58,6 @@ struct ExportPlan {
     /// The moment on the source's clock that becomes 0 in the result.
     double zeroSeconds = 0;
 };
-
-/// The track shown, whatever the preset: the first that can be decoded, has samples and is no cover art. Null
-/// where there is none.
-const Track* shownVideoTrack(const MediaInfo& info);
 
 /// Decides everything that can be decided from what the headers say. `languages`: the user's, best first.
 /// Fails with InvalidSource, Encrypted or Unsupported where there is no picture to show.

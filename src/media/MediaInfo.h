@@ -3,7 +3,6 @@
 
 #include <array>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -28,8 +27,8 @@ struct Track {
     bool isEncrypted = false;
     bool isCoverArt = false;
     bool isDefault = false;
-    bool isForSome = false; ///< a description or sound for the impaired, or a commentary
-    int program = -1;       ///< of a broadcast, by its order there; -1 for none
+    bool isForSome = false;     ///< a description or sound for the impaired, or a commentary
+    std::uint64_t programs = 0; ///< of a broadcast that it belongs to, a bit for each of the first 64
     /// Kept as it stands by a copy: at most one edit, which starts on a frame that needs no earlier one.
     bool hasSimpleEdits = true;
     /// False where samples may be described in several ways, of which a copy keeps the first alone.
@@ -38,9 +37,8 @@ struct Track {
     bool startsOnKeyFrame = true;
     std::string language; ///< as the container writes it, in lower case; empty when unknown
     AVRational timeBase{1, 1};
-    std::int64_t bitRate = 0;   ///< bits a second; 0 when unknown
-    double startSeconds = 0;    ///< of the first sample shown, on the container's clock
-    double durationSeconds = 0; ///< 0 when unknown
+    std::int64_t bitRate = 0; ///< bits a second; 0 when unknown
+    double startSeconds = 0;  ///< of the first sample shown, on the container's clock
     /// How long the last sample lasts by the container's index, 0 when that does not say: packets may not say
     /// it either.
     double lastSampleSeconds = 0;
@@ -52,7 +50,6 @@ struct Track {
     double frameRate = 0;         ///< mean, frames a second; 0 when unknown
     std::array<std::int32_t, 9> displayMatrix{65536, 0, 0, 0, 65536, 0, 0, 0, 1 << 30};
     bool hasForeignBaseLayer = false; ///< Dolby Vision without an HDR10, HLG or SDR base
-    bool isHdr = false;               ///< PQ or HLG, as far as the first packets tell
 
     // Audio
     int channels = 0;

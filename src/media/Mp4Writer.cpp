@@ -18,6 +18,9 @@ namespace {
 
 constexpr const char* outOfMemory = "Out of memory";
 
+/// Hours of sound before the first picture.
+constexpr std::int64_t mostWaitingBytes = 256 << 20;
+
 AVChapter* makeChapter(const Mp4Writer::Chapter& chapter, int id) {
     auto* made = static_cast<AVChapter*>(av_mallocz(sizeof(AVChapter)));
     if (!made)
@@ -163,6 +166,9 @@ Result<void> Mp4Writer::write(int track, PacketHandle packet) {
     const std::lock_guard lock(m_mutex);
     if (m_hasBegun)
         return writeNow(track, std::move(packet));
+    m_waitingBytes += packet->size;
+    if (m_waitingBytes > mostWaitingBytes)
+        return failure(ErrorCode::InvalidSource, "The tracks begin too far apart");
     m_waiting.emplace_back(track, std::move(packet));
     return {};
 }

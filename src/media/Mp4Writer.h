@@ -108,7 +108,8 @@ private:
     std::optional<RangeMover> m_mover;
     std::optional<IndexRoom> m_indexRoom;
     std::vector<Track> m_tracks;
-    std::deque<std::pair<int, PacketHandle>> m_waiting;
+    std::deque<std::pair<int, PacketHandle>> m_waiting; ///< for the last track's description
+    std::int64_t m_waitingBytes = 0;
     bool m_isSealed = false;
     bool m_hasBegun = false;
 };

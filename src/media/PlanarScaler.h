@@ -7,7 +7,6 @@
 #include "media/Handles.h"
 
 #include <memory>
-#include <vector>
 
 struct zimg_filter_graph;
 
@@ -34,8 +33,6 @@ public:
 
     /// A new frame with the picture of `frame`, which must be of the kind that the scaler was made for.
     Result<FrameHandle> scale(const AVFrame& frame);
-
-    const Picture& source() const { return m_source; }
 
 private:
     struct GraphDeleter {

@@ -101,7 +101,6 @@ void describeVideo(Track& track, AVFormatContext* context, AVStream* stream) {
     if (matrix && size >= sizeof track.displayMatrix)
         std::memcpy(track.displayMatrix.data(), matrix, sizeof track.displayMatrix);
     track.hasForeignBaseLayer = hasForeignBaseLayer(stream);
-    track.isHdr = codec->color_trc == AVCOL_TRC_SMPTE2084 || codec->color_trc == AVCOL_TRC_ARIB_STD_B67;
 }
 
 Track describe(AVFormatContext* context, AVStream* stream) {
@@ -124,8 +123,6 @@ Track describe(AVFormatContext* context, AVStream* stream) {
     track.bitRate = codec->bit_rate;
     if (stream->start_time != AV_NOPTS_VALUE)
         track.startSeconds = static_cast<double>(stream->start_time) * av_q2d(stream->time_base);
-    if (stream->duration > 0)
-        track.durationSeconds = static_cast<double>(stream->duration) * av_q2d(stream->time_base);
     track.lastSampleSeconds = lastSampleSeconds(stream);
     if (track.kind == TrackKind::Video)
         describeVideo(track, context, stream);
@@ -154,11 +151,11 @@ void findEmptyTracks(MediaInfo& info, const AVFormatContext* context) {
 }
 
 void findPrograms(MediaInfo& info, const AVFormatContext* context) {
-    for (int program = static_cast<int>(context->nb_programs) - 1; program >= 0; --program) {
-        const AVProgram& each = *context->programs[program];
-        for (unsigned i = 0; i < each.nb_stream_indexes; ++i) {
-            if (each.stream_index[i] < info.tracks.size())
-                info.tracks[each.stream_index[i]].program = program;
+    for (unsigned number = 0; number < std::min(context->nb_programs, 64U); ++number) {
+        const AVProgram& program = *context->programs[number];
+        for (unsigned i = 0; i < program.nb_stream_indexes; ++i) {
+            if (program.stream_index[i] < info.tracks.size())
+                info.tracks[program.stream_index[i]].programs |= std::uint64_t{1} << number;
         }
     }
 }

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "media/TrackChoice.h"
 
-#include "media/ExportPlan.h"
-
 #include <algorithm>
 
 extern "C" {
@@ -35,6 +33,14 @@ const Track* chooseSound(const std::vector<const Track*>& candidates,
 }
 
 } // namespace
+
+const Track* shownVideoTrack(const MediaInfo& info) {
+    const auto found = std::find_if(info.tracks.begin(), info.tracks.end(), [](const Track& track) {
+        return track.kind == TrackKind::Video && !track.isCoverArt && track.hasDecoder && track.hasSamples &&
+               track.width > 0 && track.height > 0;
+    });
+    return found == info.tracks.end() ? nullptr : &*found;
+}
 
 bool isCopyable(const Track& track, const std::string& container) {
     const auto comesFrom = [&container](const char* name) {
@@ -76,7 +82,9 @@ std::vector<const Track*> chosenSounds(const MediaInfo& info, Preset preset,
             candidates.push_back(&track);
     }
     const Track* video = shownVideoTrack(info);
-    const auto isOfOther = [video](const Track* track) { return video && track->program != video->program; };
+    const auto isOfOther = [video](const Track* track) {
+        return video && video->programs != 0 && (track->programs & video->programs) == 0;
+    };
     if (!std::ranges::all_of(candidates, isOfOther))
         std::erase_if(candidates, isOfOther);
     if (preset == Preset::Passthrough || candidates.empty())

@@ -27,7 +27,7 @@ std::size_t waitingFrames(const Track& track) {
 /// which run at the same time and have as much to do; more than four threads only cost memory.
 int decoderThreads(const Track& track) {
     const int processors = static_cast<int>(std::max(1U, std::thread::hardware_concurrency()));
-    const bool isLight = track.codec == AV_CODEC_ID_H264 && track.width * track.height <= 1920 * 1088;
+    const bool isLight = track.codec == AV_CODEC_ID_H264 && !isLarge(track);
     return std::clamp(isLight ? processors / 2 : processors, 1, 4);
 }
 

@@ -76,13 +76,15 @@ void Channel::limitSending(Timeout timeout) {
 }
 
 bool Channel::send(const Message& message, const std::vector<int>& descriptors) {
+    if (descriptors.size() > maximumDescriptors)
+        return false;
     std::vector<std::byte> bytes = encode(message);
     iovec part{bytes.data(), bytes.size()};
     alignas(cmsghdr) std::array<char, CMSG_SPACE(sizeof(int) * maximumDescriptors)> control{};
     msghdr header{};
     header.msg_iov = &part;
     header.msg_iovlen = 1;
-    if (!descriptors.empty() && descriptors.size() <= maximumDescriptors) {
+    if (!descriptors.empty()) {
         const std::size_t size = sizeof(int) * descriptors.size();
         header.msg_control = control.data();
         header.msg_controllen = CMSG_SPACE(size);

@@ -6,12 +6,12 @@
 #include "media/FrameGrabber.h"
 #include "media/Probe.h"
 #include "media/Source.h"
+#include "media/TrackChoice.h"
 #include "mediaworker/Lockdown.h"
 
 #include <cerrno>
 #include <cmath>
 #include <cstring>
-#include <new>
 #include <unistd.h>
 
 namespace reelsmith::mediaworker {

@@ -9,7 +9,7 @@
 
 #include <cstdio>
 #include <cstring>
-#include <new>
+#include <exception>
 #include <poll.h>
 #include <thread>
 #include <unistd.h>
@@ -45,11 +45,12 @@ int main(int argumentCount, char** arguments) {
         return 1;
     }
     av_log_set_level(AV_LOG_QUIET);
-    endWithTheApplication();
     Channel channel{Descriptor(channelDescriptor)};
     try {
+        endWithTheApplication();
         Service(channel).run();
-    } catch (const std::bad_alloc&) {
+    } catch (const std::exception&) {
+        // Neither memory nor threads are without end.
         ::_exit(2);
     }
     // Nothing is left to tidy up, and a helper thread may still run.

@@ -181,19 +181,19 @@ TEST(ExportPlan, SoundIsCopiedOnlyWhereEveryPlayerTakesIt) {
 }
 
 TEST(ExportPlan, TheSoundIsOfTheSameProgramAndForAll) {
-    const auto sound = [](int program, bool isForSome) {
+    const auto sound = [](std::uint64_t programs, bool isForSome) {
         return changed(soundTrack("deu"), [&](Track& track) {
-            track.program = program;
+            track.programs = programs;
             track.isForSome = isForSome;
         });
     };
-    const Track video = changed(videoTrack(), [](Track& track) { track.program = 1; });
+    const Track video = changed(videoTrack(), [](Track& track) { track.programs = 0b10; });
     const auto chosen = [&](const std::vector<Track>& tracks) {
         return planOf(fileOf(tracks), low, {"deu"}).sounds.at(0).track;
     };
-    EXPECT_EQ(chosen({video, sound(0, false), sound(1, true), sound(1, false)}), 3);
-    EXPECT_EQ(chosen({video, sound(0, false), sound(1, true)}), 2);
-    EXPECT_EQ(chosen({video, sound(0, false)}), 1);
+    EXPECT_EQ(chosen({video, sound(0b01, false), sound(0b10, true), sound(0b11, false)}), 3);
+    EXPECT_EQ(chosen({video, sound(0b01, false), sound(0b10, true)}), 2);
+    EXPECT_EQ(chosen({video, sound(0b01, false)}), 1);
 }
 
 TEST(ExportPlan, TheEarliestOfPictureAndKeptSoundIsZero) {
