@@ -17,7 +17,7 @@ namespace reelsmith {
 
 namespace {
 
-constexpr QLatin1StringView gridVariant{"variant_a"};
+constexpr QLatin1StringView gridVariant = Variants::variantA;
 constexpr int videosTab = 1;
 
 // With which the videos' tab was built.
@@ -44,7 +44,7 @@ UITabBarController::Tab tab(std::unique_ptr<UIViewController> root, const QStrin
 }
 
 QString layoutName(const QString& variant) {
-    return variant == gridVariant ? QString(gridVariant) : QStringLiteral("default");
+    return variant == gridVariant ? QString(gridVariant) : QString(Variants::defaultVariant);
 }
 
 } // namespace

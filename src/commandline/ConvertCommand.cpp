@@ -99,7 +99,6 @@ QString ConvertCommand::conversionError() const {
 
 void ConvertCommand::letGoOfSource() {
     m_converter.reset();
-    // A file under an open access is not removed.
     m_access.reset();
     if (m_downloaded)
         static_cast<void>(FileManager::defaultManager().removeItem(*m_downloaded));

@@ -9,7 +9,7 @@ namespace reelsmith {
 
 /// Turns the signals that ask a program to end (SIGINT, SIGTERM and, unless it was started to outlive its
 /// terminal, SIGHUP) into a call on the event loop. Make it on the main thread, before there are other
-/// threads.
+/// threads that do not block these signals.
 class InterruptSignals {
 public:
     explicit InterruptSignals(std::function<void()> handler);

@@ -5,7 +5,6 @@
 
 #include <QSizeF>
 #include <QUrl>
-#include <array>
 #include <memory>
 #include <optional>
 #include <vector>

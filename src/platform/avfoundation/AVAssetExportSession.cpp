@@ -39,9 +39,12 @@ public:
     /// Instead of perform(); nobody may wait for the completion then, which the caller sees to.
     void fail() {
         const std::lock_guard lock(mutex);
-        status = AVAssetExportSessionStatus::Failed;
-        error = Error{QStringLiteral("there is no thread to be had")};
+        if (status < AVAssetExportSessionStatus::Completed) {
+            status = AVAssetExportSessionStatus::Failed;
+            error = Error{QStringLiteral("there is no thread to be had")};
+        }
         isOver = true;
+        ended.notify_all();
     }
 
     void cancel() override {

@@ -52,8 +52,8 @@ public:
     /// Nothing happens to one that has ended.
     void cancelExport();
 
-    /// Waits until a started export has ended and its completion has returned. Not on the export's own
-    /// thread.
+    /// Waits until a started export has ended and its completion has returned, unless that is to come on the
+    /// main queue. Not on the export's own thread.
     void waitUntilEnded() const;
 
 private:

@@ -2,6 +2,7 @@
 #include "platform/avfoundation/MediaService.h"
 
 #include <QCoreApplication>
+#include <system_error>
 #include <utility>
 
 namespace reelsmith {
@@ -46,8 +47,13 @@ MediaService& MediaService::pictures() {
 MediaService::MediaService(int workerCount, std::chrono::milliseconds idleLimit) : m_idleLimit(idleLimit) {
     for (int count = 0; count < workerCount; ++count) {
         Lane& lane = *m_lanes.emplace_back(std::make_unique<Lane>());
-        lane.thread = std::thread([this, &lane] { serve(lane); });
+        try {
+            lane.thread = std::thread([this, &lane] { serve(lane); });
+        } catch (const std::system_error&) {
+            m_lanes.pop_back();
+        }
     }
+    m_isStopped = m_lanes.empty();
 }
 
 MediaService::~MediaService() {
@@ -59,7 +65,7 @@ MediaService::~MediaService() {
 void MediaService::ask(const std::shared_ptr<MediaRequest>& request) {
     const std::lock_guard lock(m_mutex);
     if (m_isStopped) {
-        request->m_promise.set_value(failure(QStringLiteral("the application ends")));
+        request->m_promise.set_value(failure(QStringLiteral("there is nobody to ask")));
         return;
     }
     m_waiting.push_back(request);
@@ -109,7 +115,7 @@ std::shared_ptr<MediaRequest> MediaService::takeNext(Lane& lane) {
     m_change.wait(lock, hasNews);
     if (m_isStopped) {
         for (const std::shared_ptr<MediaRequest>& request : std::exchange(m_waiting, {}))
-            request->m_promise.set_value(failure(QStringLiteral("the application ends")));
+            request->m_promise.set_value(failure(QStringLiteral("there is nobody to ask")));
         return nullptr;
     }
     lane.current = std::move(m_waiting.front());

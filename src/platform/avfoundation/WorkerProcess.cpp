@@ -10,6 +10,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <spawn.h>
+#include <string>
 #include <string_view>
 #include <sys/wait.h>
 #include <system_error>
@@ -42,16 +43,26 @@ std::string workerProgram() {
 
 /// What a worker is told of this process's environment, in which an operator's secrets may stand: where
 /// libraries are, and how a sanitizer is to watch.
-std::vector<char*> workerEnvironment() {
-    std::vector<char*> kept;
+std::vector<std::string> told() {
+    std::vector<std::string> kept;
     for (char** entry = environ; *entry; ++entry) {
         const std::string_view variable(*entry);
         const std::string_view name = variable.substr(0, variable.find('='));
         if (name == "LD_LIBRARY_PATH" || name.ends_with("SAN_OPTIONS"))
-            kept.push_back(*entry);
+            kept.emplace_back(variable);
     }
-    kept.push_back(nullptr);
     return kept;
+}
+
+// Taken before there are threads, one of which may change the environment while another walks it.
+const std::vector<std::string> toldFromTheStart = told();
+
+std::vector<char*> workerEnvironment() {
+    std::vector<char*> entries;
+    for (const std::string& each : toldFromTheStart)
+        entries.push_back(const_cast<char*>(each.c_str()));
+    entries.push_back(nullptr);
+    return entries;
 }
 
 /// The attributes and file actions of a spawn, freed with it.

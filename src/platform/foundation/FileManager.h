@@ -44,7 +44,7 @@ public:
     Result<std::vector<Entry>> contentsOfDirectory(const QUrl& url, Facts facts = Facts::NamesOnly) const;
 
     /// Removes a file, a link (not what it leads to), or a folder with all that it holds. Refused outside the
-    /// documents folder and for a file under an open security-scoped access.
+    /// documents folder.
     Result<void> removeItem(const QUrl& url);
 
     /// Puts `replacement`, a file in the same folder, under the name `url`, in one step: at no time is there

@@ -92,11 +92,6 @@ qint64 UserDefaults::integerForKey(const QString& key) const {
     return asInteger(storedValue(m_path, key)).value_or(registeredDefault(key).toLongLong());
 }
 
-QVariant UserDefaults::objectForKey(const QString& key) const {
-    const QVariant stored = storedValue(m_path, key);
-    return stored.isValid() ? stored : registeredDefault(key);
-}
-
 void UserDefaults::setBoolForKey(bool value, const QString& key) {
     const FileLock lock = lockForWriting(m_path);
     write(m_path, key, value);

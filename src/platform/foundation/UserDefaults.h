@@ -28,9 +28,6 @@ public:
     /// The value of `key`, else its registered default, else 0.
     qint64 integerForKey(const QString& key) const;
 
-    /// The value of `key`, else its registered default, else an invalid one. Stored values are text.
-    QVariant objectForKey(const QString& key) const;
-
     void setBoolForKey(bool value, const QString& key);
     void setIntegerForKey(qint64 value, const QString& key);
 

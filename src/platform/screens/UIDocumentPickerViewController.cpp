@@ -102,7 +102,10 @@ void UIDocumentPickerViewController::open(const QUrl& folder) {
     if (isAtPlaces())
         return;
     m_activityIndicatorView.setHidden(false);
-    m_listing.read(folder, [this](const FolderListing::Entries& entries) { show(entries); });
+    m_listing.read(folder, [this, folder](const FolderListing::Entries& entries) {
+        if (folder == m_folder)
+            show(entries);
+    });
 }
 
 void UIDocumentPickerViewController::show(const FolderListing::Entries& entries) {

@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QDateTime>
 #include <QList>
-#include <QObject>
 #include <QUrl>
 #include <filesystem>
 #include <functional>
-#include <memory>
 #include <stop_token>
+#include <utility>
 #include <vector>
 
 namespace reelsmith {

@@ -3,6 +3,7 @@
 
 #include <QUrl>
 #include <netdb.h>
+#include <system_error>
 #include <thread>
 
 namespace reelsmith {
@@ -22,13 +23,17 @@ bool isFound(const QByteArray& host) {
 HostLookup::HostLookup(const QString& host, std::function<void(bool isFound)> done, QObject* parent)
     : QObject(parent), m_link(std::make_shared<Link>()) {
     m_link->lookup = this;
-    std::thread([link = m_link, name = QUrl::toAce(host), done = std::move(done)] {
-        const bool found = isFound(name);
+    const auto answer = [link = m_link, done = std::move(done)](bool found) {
         const std::lock_guard lock(link->mutex);
         if (link->lookup != nullptr)
             QMetaObject::invokeMethod(
                 link->lookup, [done, found] { done(found); }, Qt::QueuedConnection);
-    }).detach();
+    };
+    try {
+        std::thread([answer, name = QUrl::toAce(host)] { answer(isFound(name)); }).detach();
+    } catch (const std::system_error&) {
+        answer(false);
+    }
 }
 
 HostLookup::~HostLookup() {

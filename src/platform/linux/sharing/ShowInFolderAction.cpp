@@ -32,13 +32,23 @@ void ShowInFolderAction::perform(const QUrl& file, Completion completion) {
         QDBusMessage::createMethodCall(fileManager, QStringLiteral("/org/freedesktop/FileManager1"),
                                        fileManager, QStringLiteral("ShowItems"));
     call << QStringList{QString::fromLatin1(file.toEncoded())} << QString();
-    callBus(m_bus, call, &m_portal,
-            [this, file, completion = std::move(completion)](const QDBusMessage& reply) {
-                if (reply.type() == QDBusMessage::ReplyMessage)
-                    completion(Outcome::Done, {});
-                else
-                    openFolder(file, completion);
-            });
+    cancel();
+    m_call = std::make_unique<QObject>();
+    m_completion = std::move(completion);
+    callBus(m_bus, call, m_call.get(), [this, file](const QDBusMessage& reply) {
+        m_call.release()->deleteLater();
+        if (reply.type() == QDBusMessage::ReplyMessage)
+            std::exchange(m_completion, {})(Outcome::Done, {});
+        else
+            openFolder(file, std::exchange(m_completion, {}));
+    });
+}
+
+void ShowInFolderAction::cancel() {
+    if (m_call)
+        complete(std::exchange(m_completion, {}), Outcome::Cancelled);
+    m_call.reset();
+    m_portal.cancel();
 }
 
 void ShowInFolderAction::openFolder(const QUrl& file, Completion completion) {

@@ -3,7 +3,6 @@
 
 #include <QtGlobal>
 #include <array>
-#include <utility>
 
 namespace reelsmith {
 

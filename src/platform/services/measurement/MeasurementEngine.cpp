@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <csignal>
+#include <system_error>
 
 namespace reelsmith {
 
@@ -35,13 +36,18 @@ private:
 
 MeasurementEngine::MeasurementEngine(const QString& folder, UploadParts parts) {
     const SignalsBlocked duringTheStart;
-    m_thread =
-        std::thread([folder, parts = std::move(parts), inbox = m_inbox] { run(folder, parts, inbox); });
+    try {
+        m_thread =
+            std::thread([folder, parts = std::move(parts), inbox = m_inbox] { run(folder, parts, inbox); });
+    } catch (const std::system_error&) {
+        m_inbox->close();
+    }
 }
 
 MeasurementEngine::~MeasurementEngine() {
     m_inbox->close();
-    m_thread.join();
+    if (m_thread.joinable())
+        m_thread.join();
 }
 
 void MeasurementEngine::logEventWithName(const QString& name,
