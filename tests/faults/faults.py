@@ -76,7 +76,8 @@ class Trial:
         self.source = pathlib.Path(shutil.copy(original, place))
         if self.fault == "disk full":
             room = self.dice.randrange(300_000)
-            free = os.statvfs(self.home).f_bavail * 4096 - room
+            system = os.statvfs(self.home)
+            free = system.f_bavail * system.f_frsize - room
             (self.home / "filler").write_bytes(bytes(max(0, free)))
 
     def mount(self, *words):
