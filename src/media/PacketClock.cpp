@@ -4,6 +4,7 @@
 #include "media/Source.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace reelsmith::media {
 
@@ -37,9 +38,14 @@ void PacketClock::mend(AVPacket& packet) {
     const AVRational timeBase = m_context->streams[index]->time_base;
     std::int64_t time = av_rescale_q(packet.dts, timeBase, microseconds) + m_shift;
     Track& track = m_tracks[index];
-    if (track.hasBegun && (time > m_newest + m_jumpAhead || time < track.last - jumpBehind)) {
+    // A track may begin late, but not far from where the others stand in the file.
+    const bool beginsElsewhere =
+        !track.hasBegun && m_newest != INT64_MIN && std::abs(time - m_newest) > m_jumpAhead;
+    if (beginsElsewhere ||
+        (track.hasBegun && (time > m_newest + m_jumpAhead || time < track.last - jumpBehind))) {
         // All tracks jump together: where the others stand already says how far.
-        const std::int64_t resumed = std::max(track.last + track.step, m_newest - jumpBehind);
+        const std::int64_t resumed =
+            track.hasBegun ? std::max(track.last + track.step, m_newest - jumpBehind) : m_newest;
         m_shift += resumed - time;
         time = resumed;
     } else if (track.hasBegun) {

@@ -124,6 +124,8 @@ TEST(PacketClock, AJumpOfTheClockIsTakenBack) {
     // Far ahead, and back again.
     expectNear(mended({{0, 0}, {0, 1}, {1, 1}, {1, 5000}, {0, 5000}, {0, 5001}, {0, 1.5}}),
                {0, 1, 1, 1, 1, 2, 3});
+    // The first packet of a track may say anything, too.
+    expectNear(mended({{0, 0}, {0, 0.1}, {1, 5000}, {0, 0.2}, {1, 0.3}}), {0, 0.1, 0.1, 0.2, 0.3});
     // A pause of one track, while the other goes on, is no jump; neither is disorder.
     expectNear(mended({{0, 0}, {1, 0}, {1, 9}, {1, 18}, {0, 18}, {0, 17.5}}), {0, 0, 9, 18, 18, 17.5});
     // A container with one clock is believed.
