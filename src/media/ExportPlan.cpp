@@ -141,8 +141,10 @@ Result<ExportPlan> planExport(const MediaInfo& info, Preset preset,
     plan.video = planVideo(**video, info, preset);
     for (const Track* sound : chosenSounds(info, preset, languages))
         plan.sounds.push_back(planAudio(*sound, info, preset));
+    // What FLV has of the kind are its recorder's notes.
+    const bool hasNotes = info.container.find("flv") != std::string::npos;
     for (const Track& track : info.tracks) {
-        if (track.kind == TrackKind::Subtitle && isText(track.codec) && track.hasDecoder &&
+        if (track.kind == TrackKind::Subtitle && !hasNotes && isText(track.codec) && track.hasDecoder &&
             !track.isEncrypted)
             plan.texts.push_back({track.index});
     }
