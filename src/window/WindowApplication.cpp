@@ -189,9 +189,11 @@ bool WindowApplication::mayClose() {
     question->addAction(QStringLiteral("keep converting"), UIAlertController::ActionStyle::Cancel);
     m_question = question.get();
     auto* const watch = new QTimer(m_question);
-    connect(watch, &QTimer::timeout, m_question, [question = m_question.get()] {
-        if (!OngoingWork::isAny())
-            question->dismiss(Animated::Yes);
+    connect(watch, &QTimer::timeout, m_question, [watch, question = m_question.get()] {
+        if (OngoingWork::isAny())
+            return;
+        watch->stop();
+        question->dismiss(Animated::Yes);
     });
     watch->start(questionCheck);
     root->present(std::move(question), Animated::Yes);

@@ -99,12 +99,16 @@ TEST(Window, ClosingItDuringAConversionAsksAndMayGoOn) {
     auto& card = application.await<ProgressViewController>();
     ASSERT_TRUE(runLoopUntil([&card] { return card.progressLabel()->text() == "50%"; }));
     application.window().close();
+    application.window().close();
     EXPECT_EQ(application.await<UIAlertController>().title(), "Stop converting?");
     application.tap("keep converting");
     application.await<ProgressViewController>();
     EXPECT_TRUE(application.window().isVisible());
+    application.window().close();
+    const QPointer question = &application.await<UIAlertController>();
     homeFile(endMark);
     application.await<UIActivityViewController>();
+    EXPECT_TRUE(runLoopUntil([&question] { return question.isNull(); })); // nothing is left to stop
     EXPECT_TRUE(isInLibrary("film.mp4"));
     EXPECT_TRUE(application.window().close());
 }
