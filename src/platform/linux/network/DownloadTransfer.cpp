@@ -82,7 +82,8 @@ Result<void> DownloadTransfer::moveIntoPlace() {
 }
 
 std::optional<qint64> DownloadTransfer::expectedBytes() const {
-    const qint64 bytes = m_reply->header(QNetworkRequest::ContentLengthHeader).toLongLong();
+    // On a busy machine Qt joins the headers of a redirection with those of what it leads to: "0, 10".
+    const qint64 bytes = m_reply->rawHeader("Content-Length").split(',').last().trimmed().toLongLong();
     return bytes > 0 ? std::optional(bytes) : std::nullopt;
 }
 
