@@ -44,11 +44,6 @@ bool lacksParameters(const AVFormatContext* context) {
     });
 }
 
-ColourTags namedColours(AVCodecParameters& track) {
-    dropUnnamedColours(track);
-    return coloursOf(track);
-}
-
 int refuseNestedOpen(AVFormatContext*, AVIOContext**, const char*, int, AVDictionary**) {
     return AVERROR(EACCES);
 }
@@ -168,12 +163,13 @@ Result<void> Source::findTracks(Detail detail) {
     const unsigned given = m_context->nb_streams;
     // What the container says of the colours is lost where a decoder looks and finds nothing.
     std::vector<ColourTags> told;
-    for (unsigned i = 0; i < given; ++i)
-        told.push_back(namedColours(*m_context->streams[i]->codecpar));
-    const int result = avformat_find_stream_info(m_context, options.data());
-    for (unsigned i = 0; i < given; ++i)
-        av_dict_free(&options[i]);
     for (unsigned i = 0; i < given; ++i) {
+        dropUnnamedColours(*m_context->streams[i]->codecpar);
+        told.push_back(coloursOf(*m_context->streams[i]->codecpar));
+    }
+    const int result = avformat_find_stream_info(m_context, options.data());
+    for (unsigned i = 0; i < given; ++i) {
+        av_dict_free(&options[i]);
         dropUnnamedColours(*m_context->streams[i]->codecpar);
         fillInColours(*m_context->streams[i]->codecpar, told[i]);
     }

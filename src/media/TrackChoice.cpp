@@ -32,6 +32,13 @@ const Track* chooseSound(const std::vector<const Track*>& candidates,
     return preferred == candidates.end() ? candidates.front() : *preferred;
 }
 
+/// Leaves those out where there are others.
+template<typename Predicate>
+void eraseUnlessAll(std::vector<const Track*>& candidates, Predicate isUnwanted) {
+    if (!std::ranges::all_of(candidates, isUnwanted))
+        std::erase_if(candidates, isUnwanted);
+}
+
 } // namespace
 
 const Track* shownVideoTrack(const MediaInfo& info) {
@@ -85,13 +92,11 @@ std::vector<const Track*> chosenSounds(const MediaInfo& info, Preset preset,
     const auto isOfOther = [video](const Track* track) {
         return video && video->programs != 0 && (track->programs & video->programs) == 0;
     };
-    if (!std::ranges::all_of(candidates, isOfOther))
-        std::erase_if(candidates, isOfOther);
+    eraseUnlessAll(candidates, isOfOther);
     if (preset == Preset::Passthrough || candidates.empty())
         return candidates;
     const auto isForSome = [](const Track* track) { return track->isForSome; };
-    if (!std::ranges::all_of(candidates, isForSome))
-        std::erase_if(candidates, isForSome);
+    eraseUnlessAll(candidates, isForSome);
     return {chooseSound(candidates, languages)};
 }
 
